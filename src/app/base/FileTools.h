@@ -1,0 +1,10 @@
+#pragma once
+
+#include <QString>
+
+// Whether files can be made, read back and removed in dir: a file "TarveloTestFile" comes and
+// goes there.
+bool isDirectoryWritable(const QString &dir);
+
+// The name without the characters that a file name can't have on any platform.
+QString cleanFileName(const QString &name);
