@@ -1,0 +1,7 @@
+#include "SongAudioData.h"
+
+#include <QAudioDecoder>
+
+SongAudioData::SongAudioData() = default;
+
+SongAudioData::~SongAudioData() = default;
