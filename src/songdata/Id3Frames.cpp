@@ -1,0 +1,137 @@
+#include "Id3Frames.h"
+
+#include "Song.h"
+#include "TagText.h"
+#include "UserText.h"
+
+#include <id3v2tag.h>
+#include <popularimeterframe.h>
+#include <synchronizedlyricsframe.h>
+#include <textidentificationframe.h>
+
+using namespace TagLib::ID3v2;
+
+namespace {
+
+QString withComma(QString number)
+{
+    return number.replace(u'.', u',');
+}
+
+// One user text frame: its description, the text that is written, and what takes the text read.
+struct TextFrame
+{
+    const char16_t *description;
+    QString (*text)(const Song &);
+    void (*take)(Song &, const QString &);
+};
+
+// In the order in which they are written.
+constexpr TextFrame textFrames[] = {
+    {u"SongId", [](const Song &song) { return song.getSongId(); },
+     [](Song &song, const QString &text) { song.setSongId(text); }},
+    {u"LastTempo", [](const Song &song) { return withComma(song.getLastTempo()); },
+     [](Song &song, const QString &text) { song.setLastTempo(text); }},
+    {u"LastPitch", [](const Song &song) { return withComma(song.getLastPitch()); },
+     [](Song &song, const QString &text) { song.setLastPitch(text); }},
+    {u"LastVolume", [](const Song &song) { return withComma(song.getLastVolume()); },
+     [](Song &song, const QString &text) { song.setLastVolume(text); }},
+    {u"CloggingLevel", [](const Song &song) { return song.getLevel(); },
+     [](Song &song, const QString &text) { song.setLevel(text); }},
+    {u"Choreographer", [](const Song &song) { return song.getChoreographer(); },
+     [](Song &song, const QString &text) { song.setChoreographer(text); }},
+    {u"AdaptedBy", [](const Song &song) { return song.getAdaptedBy(); },
+     [](Song &song, const QString &text) { song.setAdaptedBy(text); }},
+    {u"CueOwner", [](const Song &song) { return song.getCueOwner(); },
+     [](Song &song, const QString &text) { song.setCueOwner(text); }},
+    {u"ISWC", [](const Song &song) { return song.getIswcId(); },
+     [](Song &song, const QString &text) { song.setIswcId(text); }},
+    // No frame is version 0, also when the record was of another version before.
+    {u"Version", [](const Song &) { return QString::number(Song::tagFormatVersion); },
+     [](Song &song, const QString &text) {
+         song.setVersionTag(text.isEmpty() ? QStringLiteral("0") : text);
+     }},
+};
+
+template <class Kind> Kind *firstFrame(const Tag &tag, const char *id)
+{
+    for (Frame *frame : tag.frameList(id)) {
+        if (auto *found = dynamic_cast<Kind *>(frame))
+            return found;
+    }
+    return nullptr;
+}
+
+template <class Kind, class... Arguments>
+Kind *firstOrNewFrame(Tag &tag, const char *id, Arguments... arguments)
+{
+    Kind *frame = firstFrame<Kind>(tag, id);
+    if (!frame) {
+        frame = new Kind(arguments...);
+        tag.addFrame(frame);
+    }
+    return frame;
+}
+
+void readBpm(const Tag &tag, Song &song)
+{
+    const auto *frame = firstFrame<TextIdentificationFrame>(tag, "TBPM");
+    const bool present = frame && !frame->fieldList().isEmpty();
+    song.setBpm(present ? TagText::fromTag(frame->fieldList().front()) : QString());
+}
+
+void writeBpm(Tag &tag, const Song &song)
+{
+    const unsigned int bpm = song.getBpm().toUInt();
+    if (bpm == 0) {
+        tag.removeFrames("TBPM");
+        return;
+    }
+    firstOrNewFrame<TextIdentificationFrame>(tag, "TBPM", "TBPM", TagLib::String::Latin1)
+        ->setText(TagLib::String::number(static_cast<int>(bpm)));
+}
+
+void readRating(const Tag &tag, Song &song)
+{
+    const auto *frame = firstFrame<PopularimeterFrame>(tag, "POPM");
+    song.setRating(frame ? frame->rating() : 0);
+}
+
+void writeRating(Tag &tag, const Song &song)
+{
+    firstOrNewFrame<PopularimeterFrame>(tag, "POPM")->setRating(song.getRating());
+}
+
+void readPositions(const Tag &tag, Song &song)
+{
+    song.getPositions().clear();
+    if (const auto *frame = firstFrame<SynchronizedLyricsFrame>(tag, "SYLT"))
+        song.getPositions().fromFrame(frame);
+}
+
+void writePositions(Tag &tag, Song &song)
+{
+    song.getPositions().sort();
+    song.getPositions().toFrame(
+        firstOrNewFrame<SynchronizedLyricsFrame>(tag, "SYLT", TagLib::String::Latin1));
+}
+
+} // namespace
+
+void Id3Frames::read(const Tag &tag, Song &song)
+{
+    readBpm(tag, song);
+    readRating(tag, song);
+    readPositions(tag, song);
+    for (const TextFrame &frame : textFrames)
+        frame.take(song, UserText::find(tag, QString::fromUtf16(frame.description)));
+}
+
+void Id3Frames::write(Tag &tag, Song &song)
+{
+    writeBpm(tag, song);
+    writeRating(tag, song);
+    writePositions(tag, song);
+    for (const TextFrame &frame : textFrames)
+        UserText::write(tag, QString::fromUtf16(frame.description), frame.text(song));
+}

@@ -1,0 +1,299 @@
+#include "Song.h"
+
+#include "Platform.h"
+#include "SongAudioDataQt.h"
+#include "SongStore.h"
+
+#include <QAudioBuffer>
+#include <QFileInfo>
+#include <QRegularExpression>
+#include <QtDebug>
+
+#include <BPMDetect.h>
+
+#include <cmath>
+#include <vector>
+
+namespace {
+
+// How late the positions of files before tagFormatVersion are.
+constexpr int oldFormatDelayMs = 800;
+
+SongStore *storeIn(SongStoreSlot slot)
+{
+    SongStores *stores = songStores();
+    return stores ? stores->slot.at(slot).get() : nullptr;
+}
+
+bool loadFrom(SongStoreSlot slot, Song &song, const QFileInfo &file)
+{
+    SongStore *store = storeIn(slot);
+    return store && store->load(song, file);
+}
+
+bool saveTo(SongStoreSlot slot, Song &song)
+{
+    SongStore *store = storeIn(slot);
+    return store && store->save(song);
+}
+
+void removeFrom(SongStoreSlot slot, const Song &song)
+{
+    if (SongStore *store = storeIn(slot))
+        store->remove(song);
+}
+
+QString withPoint(QString number)
+{
+    return number.replace(u',', u'.');
+}
+
+// Numbers reach us with a comma or a point; an empty one is no number and changes nothing.
+void takeNumber(QString &member, const QString &text)
+{
+    const QString number = withPoint(text);
+    if (!number.isEmpty() && number != member)
+        member = number;
+}
+
+} // namespace
+
+Song::Song(const QString &path, bool missingFile)
+    : filename(path)
+    , missingFileFlag(missingFile)
+{
+    load(&cached);
+}
+
+Song::~Song()
+{
+    releaseAudio();
+}
+
+bool Song::load(bool *fromCache)
+{
+    const QFileInfo file(filename);
+    modified = file.lastModified();
+    readonly = !file.isWritable();
+    const bool loaded = runLoadChain(file, fromCache);
+    if (loaded && version_tarvelo < tagFormatVersion)
+        shiftPositions(-oldFormatDelayMs);
+    return loaded;
+}
+
+bool Song::runLoadChain(const QFileInfo &file, bool *fromCache)
+{
+    if (loadFrom(SongStoreNullSlot, *this, file))
+        return true;
+    if (loadFrom(SongStoreCacheSlot, *this, file)) {
+        if (fromCache)
+            *fromCache = true;
+        return true;
+    }
+    if (!loadFrom(SongStoreTagsSlot, *this, file))
+        return false;
+    saveTo(SongStoreNullSlot, *this);
+    saveTo(SongStoreCacheSlot, *this);
+    loadFrom(SongStoreDatabaseSlot, *this, file);
+    return true;
+}
+
+bool Song::reload()
+{
+    return load(nullptr);
+}
+
+bool Song::save()
+{
+    // The positions in memory are those of the present format, so whatever a store writes has to
+    // say so, or they would be moved once more at the next load.
+    const int versionBefore = version_tarvelo;
+    version_tarvelo = tagFormatVersion;
+    saveTo(SongStoreNullSlot, *this);
+    saveTo(SongStoreCacheSlot, *this);
+    saveTo(SongStoreDatabaseSlot, *this);
+    const bool saved = saveTo(SongStoreTagsSlot, *this);
+    resetCountDowns();
+    if (!saved) {
+        version_tarvelo = versionBefore;
+        qCritical() << "Save File failed:" << filename;
+    }
+    return saved;
+}
+
+bool Song::removeFromDisk()
+{
+    if (!Platform::moveToRecycleBin(filename))
+        return false;
+    removeFrom(SongStoreNullSlot, *this);
+    removeFrom(SongStoreCacheSlot, *this);
+    removeFrom(SongStoreDatabaseSlot, *this);
+    removeFrom(SongStoreTagsSlot, *this);
+    return true;
+}
+
+bool Song::setWriteProtection()
+{
+    if (!Platform::setFileWritable(filename, false))
+        return false;
+    readonly = true;
+    return true;
+}
+
+bool Song::removeWriteProtection()
+{
+    if (!Platform::setFileWritable(filename, true))
+        return false;
+    readonly = false;
+    return true;
+}
+
+void Song::setBpm(const QString &text)
+{
+    bool isNumber = false;
+    const float value = withPoint(text).toFloat(&isNumber);
+    // Written so that "nan" fails as well.
+    const bool fits = isNumber && std::abs(value) < 2147483648.0F;
+    bpm = QString::number(fits ? static_cast<int>(value) : 0);
+}
+
+void Song::setLastPitch(const QString &text)
+{
+    takeNumber(pitch, text);
+}
+
+void Song::setLastTempo(const QString &text)
+{
+    takeNumber(tempo, text);
+}
+
+void Song::setLastVolume(const QString &text)
+{
+    takeNumber(volume, text);
+}
+
+void Song::setPitch(double percent)
+{
+    setLastPitch(QString::number(percent, 'g', 6));
+}
+
+void Song::setTempo(double percent)
+{
+    setLastTempo(QString::number(percent, 'g', 6));
+}
+
+void Song::setVolume(double factor)
+{
+    setLastVolume(QString::number(factor, 'g', 6));
+}
+
+void Song::setVersionTag(const QString &text)
+{
+    if (!text.isEmpty())
+        version_tarvelo = text.toInt();
+}
+
+int Song::getRatingStars() const
+{
+    // Some programs store the stars themselves.
+    if (rating >= 1 && rating <= 4)
+        return rating;
+    if (rating >= 255)
+        return 5;
+    if (rating >= 194)
+        return 4;
+    if (rating >= 128)
+        return 3;
+    return rating >= 64 ? 2 : 0;
+}
+
+void Song::setRatingStars(int stars)
+{
+    if (getRatingStars() == stars)
+        return;
+    constexpr int ratings[] = {0, 1, 64, 128, 194, 255};
+    rating = stars >= 0 && stars <= 5 ? ratings[stars] : 0;
+}
+
+QString Song::exportFileName(const QString &suffix, const QString &levelShort, int maxLength) const
+{
+    const QString separator = QStringLiteral(" - ");
+    QString name = title + separator + artist;
+    if (!choreographer.isEmpty())
+        name += separator + choreographer;
+    const QString shown = level == u"Intermediate-Advanced" ? levelShort : level;
+    if (!shown.isEmpty())
+        name += separator + shown;
+    static const QRegularExpression forbidden(QStringLiteral(R"([\x00-\x1f<>:"/\\|?*])"));
+    name.remove(forbidden);
+    if (maxLength > 0) {
+        name.truncate(qMax(0, maxLength - static_cast<int>(suffix.size()) - 1));
+        if (!name.isEmpty() && name.back().isHighSurrogate())
+            name.chop(1);
+    }
+    return name + u'.' + suffix;
+}
+
+void Song::shiftPositions(int ms)
+{
+    positions.shift(ms);
+}
+
+void Song::resetCountDowns() { }
+
+void Song::decodeAudio()
+{
+    if (missingFileFlag)
+        return;
+    qDebug() << "Decode Audio Data";
+    format = QAudioFormat();
+    format.setSampleFormat(QAudioFormat::Int16);
+    format.setChannelCount(channels);
+    format.setSampleRate(frequency);
+    // Held here as well: the event loop runs meanwhile, and somebody may release the audio.
+    const auto data = std::make_shared<SongAudioDataQt>();
+    audioData = data;
+    data->decode(filename, format);
+}
+
+void Song::releaseAudio()
+{
+    audioData.reset();
+}
+
+int Song::audioBufferCount() const
+{
+    return audioData->count();
+}
+
+std::shared_ptr<QAudioBuffer> Song::audioBuffer(int index) const
+{
+    return audioData->at(index);
+}
+
+int Song::getBpmAuto() const
+{
+    if (bpmauto == 0 && audioData && channels > 0 && frequency > 0)
+        bpmauto = detectBpm();
+    return bpmauto;
+}
+
+int Song::detectBpm() const
+{
+    try {
+        soundtouch::BPMDetect detector(channels, frequency);
+        std::vector<float> samples;
+        const int eighth = audioBufferCount() / 8;
+        for (int index = eighth * 2; index < eighth * 4; ++index) {
+            const auto buffer = audioBuffer(index);
+            const qint16 *data = buffer->constData<qint16>();
+            samples.assign(data, data + buffer->sampleCount());
+            detector.inputSamples(samples.data(), static_cast<int>(samples.size()) / channels);
+        }
+        return static_cast<int>(std::lround(detector.getBpm()));
+    } catch (const std::runtime_error &error) {
+        // The detector refuses sample rates below 8 kHz.
+        qDebug() << "No BPM for" << filename << error.what();
+        return 0;
+    }
+}

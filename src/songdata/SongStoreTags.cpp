@@ -1,0 +1,107 @@
+#include "SongStoreTags.h"
+
+#include "GeneralFields.h"
+#include "Id3Frames.h"
+#include "Song.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QtDebug>
+
+#include <fileref.h>
+#include <id3v2tag.h>
+#include <mpegfile.h>
+
+#include <filesystem>
+
+namespace {
+
+TagLib::FileRef openFile(const QString &path)
+{
+#ifdef Q_OS_WIN
+    return TagLib::FileRef(reinterpret_cast<const wchar_t *>(path.utf16()), true,
+                           TagLib::AudioProperties::Average);
+#else
+    return TagLib::FileRef(QFile::encodeName(path).constData(), true,
+                           TagLib::AudioProperties::Average);
+#endif
+}
+
+void readAudioProperties(const TagLib::AudioProperties *properties, Song &song)
+{
+    if (!properties)
+        return;
+    song.setChannels(properties->channels());
+    song.setFrequency(properties->sampleRate());
+    song.setPlayLength(properties->lengthInSeconds());
+}
+
+// The tag library takes no notice of a full disk: it would cut the music short. So a tag that
+// outgrows its place is written only where there is room for it.
+bool hasRoomFor(TagLib::MPEG::File &file, const QString &path)
+{
+    const qint64 size = file.ID3v2Tag()->render(TagLib::ID3v2::v4).size();
+    const qint64 sizeBefore = file.hasID3v2Tag() ? file.ID3v2Tag()->header()->completeTagSize() : 0;
+    constexpr qint64 otherTags = 65536;
+    std::error_code error;
+    const auto space = std::filesystem::space(path.toStdU16String(), error);
+    return error || size <= sizeBefore
+           || static_cast<qint64>(space.available) >= size - sizeBefore + otherTags;
+}
+
+bool saveMpeg(TagLib::MPEG::File &file, const QString &path)
+{
+    if (!hasRoomFor(file, path)) {
+        qWarning() << "No room to save" << path;
+        return false;
+    }
+    // Every field is in every tag already. Let duplicate them, and the library would remove what
+    // it shows as no value: a track "A1", a date without a year.
+    return file.save(TagLib::MPEG::File::AllTags, TagLib::File::StripNone, TagLib::ID3v2::v4,
+                     TagLib::File::DoNotDuplicate);
+}
+
+// A file in which nothing changes is not rewritten, but its time tells of the save all the same.
+bool touch(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadWrite | QIODevice::ExistingOnly)
+           && file.setFileTime(QDateTime::currentDateTime(), QFileDevice::FileModificationTime);
+}
+
+} // namespace
+
+bool SongStoreTags::load(Song &song, const QFileInfo &info)
+{
+    if (info.size() < 1)
+        return false;
+    const TagLib::FileRef file = openFile(song.getFilename());
+    if (file.isNull() || !file.tag())
+        return false;
+    GeneralFields::read(*file.tag(), song);
+    readAudioProperties(file.audioProperties(), song);
+    auto *mpeg = dynamic_cast<TagLib::MPEG::File *>(file.file());
+    if (mpeg && mpeg->ID3v2Tag(false))
+        Id3Frames::read(*mpeg->ID3v2Tag(false), song);
+    return true;
+}
+
+bool SongStoreTags::save(Song &song)
+{
+    TagLib::FileRef file = openFile(song.getFilename());
+    if (file.isNull() || !file.tag())
+        return false;
+    const bool changed = GeneralFields::write(*file.file(), song);
+    auto *mpeg = dynamic_cast<TagLib::MPEG::File *>(file.file());
+    if (mpeg && mpeg->ID3v2Tag(false))
+        Id3Frames::write(*mpeg->ID3v2Tag(false), song);
+    song.setModified(QDateTime::currentDateTime());
+    if (mpeg)
+        return saveMpeg(*mpeg, song.getFilename());
+    return changed ? file.save() : touch(song.getFilename());
+}
+
+bool SongStoreTags::remove(const Song &)
+{
+    return true;
+}

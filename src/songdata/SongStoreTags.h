@@ -1,0 +1,17 @@
+#pragma once
+
+#include "SongStore.h"
+
+// The music file itself: the general fields of every format, and in an mp3 the ID3v2 frames that
+// carry the dance. Frames and fields that this program does not know stay as they are, and so
+// does every field whose value has not changed.
+class SongStoreTags : public SongStore
+{
+public:
+    // False for an empty file and for one that no reader understands.
+    bool load(Song &song, const QFileInfo &file) override;
+    // Sorts the song's positions and sets its modification time. An mp3 gets an ID3v2.4 tag.
+    bool save(Song &song) override;
+    // The file itself is removed by Song; there is nothing else to remove.
+    bool remove(const Song &song) override;
+};
