@@ -1,9 +1,31 @@
 #include "Samples.h"
 
+#include <QDataStream>
+#include <QFile>
 #include <QProcess>
 #include <QtDebug>
 
 namespace Samples {
+
+namespace {
+
+bool runFfmpeg(const QStringList &input, const QString &path)
+{
+    QProcess ffmpeg;
+    ffmpeg.start(QStringLiteral("ffmpeg"),
+                 QStringList{QStringLiteral("-v"), QStringLiteral("error"), QStringLiteral("-y")}
+                     + input
+                     + QStringList{QStringLiteral("-map_metadata"), QStringLiteral("-1"),
+                                   QStringLiteral("-id3v2_version"), QStringLiteral("0"),
+                                   QStringLiteral("file:") + path});
+    if (!ffmpeg.waitForFinished(60000) || ffmpeg.exitCode() != 0) {
+        qWarning() << "ffmpeg:" << ffmpeg.errorString() << ffmpeg.readAllStandardError();
+        return false;
+    }
+    return true;
+}
+
+} // namespace
 
 bool writeTone(const QString &path, const Tone &tone)
 {
@@ -11,19 +33,34 @@ bool writeTone(const QString &path, const Tone &tone)
                                .arg(tone.hertz)
                                .arg(tone.seconds)
                                .arg(tone.rate);
-    QProcess ffmpeg;
-    ffmpeg.start(QStringLiteral("ffmpeg"),
-                 {QStringLiteral("-v"), QStringLiteral("error"), QStringLiteral("-y"),
-                  QStringLiteral("-f"), QStringLiteral("lavfi"), QStringLiteral("-i"), source,
-                  QStringLiteral("-ac"), QString::number(tone.channels),
-                  QStringLiteral("-map_metadata"), QStringLiteral("-1"),
-                  QStringLiteral("-id3v2_version"), QStringLiteral("0"),
-                  QStringLiteral("file:") + path});
-    if (!ffmpeg.waitForFinished(60000) || ffmpeg.exitCode() != 0) {
-        qWarning() << "ffmpeg:" << ffmpeg.errorString() << ffmpeg.readAllStandardError();
+    return runFfmpeg({QStringLiteral("-f"), QStringLiteral("lavfi"), QStringLiteral("-i"), source,
+                      QStringLiteral("-ac"), QString::number(tone.channels)},
+                     path);
+}
+
+bool writeWave(const QString &path, const QList<qint16> &samples, int rate, int channels)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly))
         return false;
-    }
-    return true;
+    const auto bytes = static_cast<quint32>(samples.size() * 2);
+    QDataStream out(&file);
+    out.setByteOrder(QDataStream::LittleEndian);
+    out.writeRawData("RIFF", 4);
+    out << bytes + 36;
+    out.writeRawData("WAVEfmt ", 8);
+    out << quint32(16) << quint16(1) << quint16(channels) << quint32(rate)
+        << quint32(rate * channels * 2) << quint16(channels * 2) << quint16(16);
+    out.writeRawData("data", 4);
+    out << bytes;
+    for (const qint16 sample : samples)
+        out << sample;
+    return out.status() == QDataStream::Ok;
+}
+
+bool encode(const QString &from, const QString &to)
+{
+    return runFfmpeg({QStringLiteral("-i"), QStringLiteral("file:") + from}, to);
 }
 
 } // namespace Samples

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QList>
 #include <QString>
 
 // Small real music files, made with ffmpeg's own encoders.
@@ -16,5 +17,11 @@ struct Tone
 // Writes a sine tone to path; the suffix (mp3, m4a, flac, ogg, wav) chooses the format. An mp3
 // bears no tag at all. False, with a warning in the test's output, when ffmpeg failed.
 bool writeTone(const QString &path, const Tone &tone = {});
+
+// Writes 16-bit samples (channels interleaved) as they are, as a WAV file. False when it can't.
+bool writeWave(const QString &path, const QList<qint16> &samples, int rate = 44100,
+               int channels = 2);
+// Encodes an existing music file into another; the suffix chooses the format, as above.
+bool encode(const QString &from, const QString &to);
 
 } // namespace Samples

@@ -1,0 +1,122 @@
+#include "AudioOutput.h"
+
+#include <QAudioFormat>
+#include <QAudioSink>
+#include <QMediaDevices>
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+// A sound shorter than the output's own start never begins to play: nobody waits for it longer.
+constexpr int playOutLimitMs = 1000;
+
+} // namespace
+
+AudioOutput::AudioOutput(QObject *parent)
+    : QObject(parent)
+{ }
+
+AudioOutput::~AudioOutput()
+{
+    if (!sink)
+        return;
+    disconnect(sink, nullptr, this, nullptr);
+    stop();
+    delete std::exchange(sink, nullptr);
+}
+
+bool AudioOutput::prepare(const QAudioFormat &format)
+{
+    if (sink && !(fits(format) && isPresent()))
+        drop();
+    if (!sink)
+        create(format);
+    return sink != nullptr;
+}
+
+bool AudioOutput::fits(const QAudioFormat &format) const
+{
+    const QAudioFormat present = sink->format();
+    return present.channelCount() == format.channelCount()
+           && present.sampleRate() == format.sampleRate();
+}
+
+// To start an output that is gone can block for ever.
+bool AudioOutput::isPresent() const
+{
+    const QList<QAudioDevice> outputs = QMediaDevices::audioOutputs();
+    return std::any_of(outputs.cbegin(), outputs.cend(),
+                       [this](const QAudioDevice &one) { return one.id() == device.id(); });
+}
+
+void AudioOutput::create(const QAudioFormat &format)
+{
+    device = QMediaDevices::defaultAudioOutput();
+    if (device.isNull() || !device.isFormatSupported(format))
+        return;
+    sink = new QAudioSink(device, format, this);
+    connect(sink, &QAudioSink::stateChanged, this, &AudioOutput::onStateChanged);
+}
+
+// Taking down a sink runs the event loop: not in the middle of a start.
+void AudioOutput::drop()
+{
+    disconnect(sink, nullptr, this, nullptr);
+    stop();
+    std::exchange(sink, nullptr)->deleteLater();
+}
+
+bool AudioOutput::start(QIODevice *source)
+{
+    stop();
+    sink->start(source);
+    return sink->state() != QAudio::StoppedState;
+}
+
+// Always before a sink goes or starts anew: an active one still has a pull under way.
+void AudioOutput::stop()
+{
+    if (sink && sink->state() != QAudio::StoppedState)
+        sink->stop();
+}
+
+QAudio::State AudioOutput::state() const
+{
+    return sink ? sink->state() : QAudio::StoppedState;
+}
+
+QAudio::Error AudioOutput::error() const
+{
+    return sink ? sink->error() : QAudio::NoError;
+}
+
+qint64 AudioOutput::processedUSecs() const
+{
+    return sink ? sink->processedUSecs() : 0;
+}
+
+bool AudioOutput::hasPlayedOut() const
+{
+    return sink && sink->state() == QAudio::IdleState
+           && (sink->bytesFree() >= sink->bufferSize() || idleSince.hasExpired(playOutLimitMs));
+}
+
+bool AudioOutput::isLost() const
+{
+    return sink && (sink->state() == QAudio::StoppedState || !isPresent());
+}
+
+void AudioOutput::setVolume(double factor)
+{
+    if (sink)
+        sink->setVolume(factor);
+}
+
+void AudioOutput::onStateChanged(QAudio::State state)
+{
+    if (state == QAudio::IdleState)
+        idleSince.start();
+    Q_EMIT stateChanged(state);
+}

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <QAudio>
+#include <QAudioDevice>
+#include <QElapsedTimer>
+#include <QObject>
+
+class QAudioFormat;
+class QAudioSink;
+class QIODevice;
+
+// The default audio output, opened when there is something to play and kept from song to song
+// while the format stays. Lives on the GUI thread.
+class AudioOutput : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit AudioOutput(QObject *parent = nullptr);
+    ~AudioOutput() override;
+
+    // Makes the output ready for sound of this format. False when there is no output, or none that
+    // takes this format.
+    bool prepare(const QAudioFormat &format);
+    // Plays what the source delivers, from now on; the output must be prepared. False when the
+    // output could not be opened.
+    bool start(QIODevice *source);
+    // Silent at once; what was pulled and not yet heard is lost.
+    void stop();
+
+    // Stopped while there is no output. Idle means no more than that the source had nothing.
+    QAudio::State state() const;
+    QAudio::Error error() const;
+    // Heard since start(), in microseconds.
+    qint64 processedUSecs() const;
+    // The source had nothing, and all that it had delivered before has been heard.
+    bool hasPlayedOut() const;
+    // The output was there and is gone, or has given up.
+    bool isLost() const;
+    // Factor; above 1.0 is no louder. Without an output it has no effect, also not later.
+    void setVolume(double factor);
+
+Q_SIGNALS:
+    void stateChanged(QAudio::State state);
+
+private:
+    bool fits(const QAudioFormat &format) const;
+    bool isPresent() const;
+    void create(const QAudioFormat &format);
+    void drop();
+    void onStateChanged(QAudio::State state);
+
+    QAudioSink *sink = nullptr;
+    QAudioDevice device;
+    QElapsedTimer idleSince;
+};

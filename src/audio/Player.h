@@ -1,0 +1,80 @@
+#pragma once
+
+#include "Song.h"
+
+#include <QObject>
+
+class PlayerEngine2;
+
+// Plays one song: what the rest of the program talks to. Everything happens on the GUI thread;
+// the requests are carried out before they return, and the notifications come from within them
+// or from the clock. Times are milliseconds of the song, tempo is in percent (0 = as recorded,
+// -40 to 40).
+class Player : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(bool isPlaying READ isPlaying)
+    Q_PROPERTY(int playtimeTotal READ getPlaytimeTotal)
+    Q_PROPERTY(int playtime READ getPlaytime)
+    Q_PROPERTY(double tempo READ getTempo WRITE setTempo)
+
+public:
+    explicit Player(QObject *parent = nullptr);
+    ~Player() override;
+
+    // Stops what plays, lets go of the former song and decodes the new one, with that song's own
+    // tempo; may run the event loop for up to 100 ms. The same song again changes nothing.
+    void setSong(const SongPtr &song);
+    void setTempo(double percent);
+
+    bool isPlaying() const;
+    // The song's length in whole seconds; 0 without a song.
+    int getPlaytimeTotal() const;
+    // 0 without a song.
+    int getPlaytime() const;
+    double getTempo() const;
+
+public Q_SLOTS:
+    void start();
+    // Index into the song's positions; from the beginning where there is none.
+    void startFromPart(int aPartIndex);
+    void startFromPlaytime(int aStartPosition);
+    void stop();
+    void pause();
+    // Goes on where pause() left off; without a pause before it, from the beginning.
+    void resume();
+    // Tells the active part again, whether or not it has changed.
+    void refreshActivePart();
+
+Q_SIGNALS:
+    void requestStart();
+    void requestStartFromPart(int aPartIndex);
+    void requestStartFromPlaytime(int aStartPosition);
+    void requestStop();
+    void requestPause();
+    void requestResume();
+    void requestSetSong(SongPtr pSong);
+    void requestSetTempo(double tempo);
+    // Factor 0.0 to 2.0.
+    void requestSetVolume(double volume);
+    // Percent, -15 to 15; kept, but the sound doesn't change by it.
+    void requestSetPitch(double pitch);
+
+    // In steps of 100 ms.
+    void notifyPlayTimeChanged(int playtime);
+    // False at a pause, a stop and the end of the song.
+    void notifyIsPlayingChanged(bool isPlaying);
+    // Index of the position that plays, -1 for none.
+    void notifyActivePartChanged(int part);
+
+private Q_SLOTS:
+    void doNotifyPlayTimeChanged(int playtime);
+    void doNotifyIsPlayingChanged(bool isPlaying);
+    void doNotifyActivePartChanged(int part);
+
+private:
+    void connectRequests();
+    void connectNotifications();
+
+    PlayerEngine2 *engine;
+};

@@ -1,0 +1,142 @@
+#include "PlayerDevice.h"
+
+#include "SongAudioData.h"
+
+#include <SoundTouch.h>
+
+#include <algorithm>
+#include <type_traits>
+
+static_assert(std::is_same_v<soundtouch::SAMPLETYPE, float>, "SoundTouch has to work on floats");
+
+PlayerDevice::PlayerDevice(QObject *parent)
+    : QIODevice(parent)
+    , stretcher(std::make_shared<soundtouch::SoundTouch>())
+{ }
+
+PlayerDevice::~PlayerDevice() = default;
+
+void PlayerDevice::setSong(const SongPtr &newSong, double newTempo)
+{
+    song = newSong;
+    tempo = newTempo;
+    totalBytes = readBytes = bufferIndex = 0;
+    starving = false;
+    stretcher->clear();
+    disconnect(supply);
+    if (!song || song->isMissingFile())
+        return;
+    configureStretcher();
+    for (int i = 0; i < decodedCount(); ++i)
+        totalBytes += song->audioBuffer(i)->byteCount();
+    if (const SongAudioData *audio = decoded())
+        supply = connect(audio, &SongAudioData::bufferAdded, this, &PlayerDevice::wakeReader);
+}
+
+void PlayerDevice::configureStretcher()
+{
+    stretcher->setSetting(SETTING_USE_QUICKSEEK, 1);
+    stretcher->setSetting(SETTING_USE_AA_FILTER, 0);
+    stretcher->setChannels(static_cast<uint>(song->getChannels()));
+    stretcher->setSampleRate(static_cast<uint>(song->getFrequency()));
+    stretcher->setTempo(tempo);
+}
+
+void PlayerDevice::setTempo(double newTempo)
+{
+    tempo = newTempo;
+    stretcher->setTempo(tempo);
+}
+
+void PlayerDevice::seekToPlaytime(qint64 milliseconds)
+{
+    const qint64 target = milliseconds * 1000;
+    stretcher->clear();
+    for (int i = 0; i < decodedCount(); ++i) {
+        if (song->audioBuffer(i)->startTime() > target) {
+            bufferIndex = i;
+            return;
+        }
+    }
+}
+
+bool PlayerDevice::hasEnded() const
+{
+    const SongAudioData *audio = decoded();
+    return bufferIndex >= decodedCount() && stretcher->numSamples() == 0
+           && !(audio && audio->isGrowing());
+}
+
+qint64 PlayerDevice::bytesAvailable() const
+{
+    return QIODevice::bytesAvailable() + totalBytes - readBytes;
+}
+
+qint64 PlayerDevice::readData(char *data, qint64 maxlen)
+{
+    fillStretcher();
+    starving = stretcher->numSamples() == 0;
+    return drainStretcher(data, maxlen);
+}
+
+qint64 PlayerDevice::writeData(const char *, qint64)
+{
+    return 0;
+}
+
+// Null while the song's audio isn't there: it belongs to the player's current song alone.
+SongAudioData *PlayerDevice::decoded() const
+{
+    return song && !song->isMissingFile() ? song->getAudioData().get() : nullptr;
+}
+
+int PlayerDevice::decodedCount() const
+{
+    const SongAudioData *audio = decoded();
+    return audio ? audio->count() : 0;
+}
+
+void PlayerDevice::fillStretcher()
+{
+    while (stretcher->numSamples() == 0 && bufferIndex < decodedCount()) {
+        feed(*song->audioBuffer(static_cast<int>(bufferIndex)));
+        ++bufferIndex;
+    }
+}
+
+// The samples keep their size: the stretcher works on -32768.0 to 32767.0 here.
+void PlayerDevice::feed(const QAudioBuffer &buffer)
+{
+    const qsizetype count = buffer.sampleCount();
+    const qint16 *samples = buffer.constData<qint16>();
+    const std::vector<float> floats(samples, samples + count);
+    stretcher->putSamples(floats.data(), static_cast<uint>(count / song->getChannels()));
+}
+
+qint16 PlayerDevice::sampleOf(float value)
+{
+    return static_cast<qint16>(static_cast<qint32>(value));
+}
+
+qint64 PlayerDevice::drainStretcher(char *data, qint64 maxlen)
+{
+    const uint available = stretcher->numSamples();
+    if (available == 0)
+        return 0;
+    const uint channels = static_cast<uint>(song->getChannels());
+    const uint frames = std::min(available, static_cast<uint>(maxlen) / channels / 2);
+    std::vector<float> floats(std::size_t(frames) * channels);
+    const uint received = stretcher->receiveSamples(floats.data(), frames);
+    floats.resize(std::size_t(received) * channels);
+    std::transform(floats.cbegin(), floats.cend(), reinterpret_cast<qint16 *>(data), &sampleOf);
+    return static_cast<qint64>(floats.size()) * 2;
+}
+
+// An output that got nothing has stopped asking.
+void PlayerDevice::wakeReader()
+{
+    if (!starving)
+        return;
+    starving = false;
+    Q_EMIT readyRead();
+}

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "Song.h"
+
+#include <QIODevice>
+
+#include <memory>
+#include <vector>
+
+namespace soundtouch {
+class SoundTouch;
+}
+
+// What the audio output pulls its sound from: the song's decoded buffers, stretched to the tempo
+// without a change of pitch, as 16-bit samples at the song's own rate and channel count. Each
+// pull stretches just enough input to answer it. Lives on the GUI thread like the output itself.
+//
+// A pull that gets nothing is either the end (hasEnded()) or a decoder that is behind; in that
+// case readyRead() comes with the next decoded buffer.
+class PlayerDevice : public QIODevice
+{
+    Q_OBJECT
+
+public:
+    explicit PlayerDevice(QObject *parent = nullptr);
+    ~PlayerDevice() override;
+
+    // Prepares playing from the first buffer on. An empty song or one without a file gives
+    // silence; any other must have a channel count (1 to 16) and a sample rate.
+    void setSong(const SongPtr &newSong, double newTempo);
+    // Factor, 1.0 = as recorded; heard from the next pulled block on.
+    void setTempo(double newTempo);
+    // Goes on at the first buffer that begins after this time of the song. A time behind the last
+    // buffer's beginning changes nothing: right after setSong() that is the song's beginning.
+    void seekToPlaytime(qint64 milliseconds);
+
+    // Nothing is left to play, and nothing more will come.
+    bool hasEnded() const;
+
+    // The 16-bit sample of a stretched value: cut towards zero, never clipped; a value beyond the
+    // range wraps around.
+    static qint16 sampleOf(float value);
+
+    bool isSequential() const override { return true; }
+    // Size of the buffers known at setSong(), whatever has been played: only a hint of whether
+    // there is sound at all.
+    qint64 bytesAvailable() const override;
+
+protected:
+    qint64 readData(char *data, qint64 maxlen) override;
+    qint64 writeData(const char *data, qint64 maxlen) override;
+
+private:
+    SongAudioData *decoded() const;
+    int decodedCount() const;
+    void configureStretcher();
+    void fillStretcher();
+    void feed(const QAudioBuffer &buffer);
+    qint64 drainStretcher(char *data, qint64 maxlen);
+    void wakeReader();
+
+    SongPtr song;
+    double tempo = 1.0;
+    qint64 totalBytes = 0;
+    qint64 readBytes = 0;
+    qint64 bufferIndex = 0;
+    bool starving = false;
+    QMetaObject::Connection supply;
+    std::shared_ptr<soundtouch::SoundTouch> stretcher;
+};

@@ -1,0 +1,95 @@
+#pragma once
+
+#include "AudioOutput.h"
+#include "PlayerDevice.h"
+#include "Song.h"
+
+#include <QAudio>
+#include <QThread>
+
+// The machine behind Player: holds the current song, drives the audio output, and tells the play
+// time and the active part. All of it lives on the GUI thread; the thread that it runs is a clock
+// and no more.
+//
+// Play time is song time: what the output has played, times the tempo, since startPosition.
+// A pause stops the output, so that a resume goes the whole way through its start.
+class PlayerEngine2 : public QThread
+{
+    Q_OBJECT
+
+public:
+    explicit PlayerEngine2(QObject *parent = nullptr);
+    // The thread must have ended.
+    ~PlayerEngine2() override;
+
+    const SongPtr &getSong() const { return song; }
+    bool isPlayingNow() const { return isPlaying; }
+    // Milliseconds of the song, as last told.
+    int getPlaytime() const { return playtime; }
+    // Factor, 0.6 to 1.4.
+    double getTempo() const { return tempo; }
+    // force: tell the active part even if it is the one that was told last.
+    void refreshActivePart(bool force);
+
+public Q_SLOTS:
+    void doStart();
+    void doStartFromPart(int aPartIndex);
+    void doStartFromPlaytime(int aStartPosition);
+    void doStop();
+    void doPause();
+    void doResume();
+    void doSetSong(SongPtr pSong);
+    void doSetTempo(double percent);
+    void doSetVolume(double factor);
+    void doSetPitch(double percent);
+
+Q_SIGNALS:
+    void notifyPlayTimeChanged(int playtime);
+    void notifyIsPlayingChanged(bool isPlaying);
+    void notifyActivePartChanged(int part);
+
+protected:
+    void run() override;
+
+private:
+    void internalStart();
+    void internalStartFromPart(int index);
+    void internalStartFromPlaytime(int ms);
+    void internalStop();
+    void internalPause();
+    void internalResume();
+
+    void takeOver(const SongPtr &pSong);
+    void loadDevice();
+    bool isPlayable() const;
+    void startAudioOutput();
+    bool openOutput();
+    void giveUpStart();
+    void outputStateChanged(QAudio::State state);
+    void leaveLostOutput();
+    void checkEnd();
+    void endSong();
+
+    void checkPlaytime();
+    void countPlayed();
+    void setPlaytime(int t);
+    const SongPositions &positions() const;
+    int partAt(int t) const;
+    int partTime(int index) const;
+    void setPlaying(bool playing);
+    void setActivePart(int part);
+    void forgetPartAtStart();
+
+    SongPtr song;
+    PlayerDevice device;
+    AudioOutput output;
+    bool isPlaying = false;
+    int activePart = -1;
+    int playtime = 0;
+    int startPosition = 0;
+    double volume = 1.0;
+    double pitch = 1.0;
+    double tempo = 1.0;
+    qint64 lastProcessedUSecs = 0;
+    qint64 playedUSecs = 0;
+};
