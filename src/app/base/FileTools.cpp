@@ -1,9 +1,8 @@
 #include "FileTools.h"
 
+#include <QDir>
 #include <QFile>
 #include <QRegularExpression>
-
-#include <algorithm>
 
 bool isDirectoryWritable(const QString &dir)
 {
@@ -26,4 +25,17 @@ QString cleanFileName(const QString &name)
     QString clean = name;
     clean.removeIf([](QChar character) { return character < QLatin1Char(' '); });
     return clean.remove(forbidden);
+}
+
+void removeCacheFiles(const QString &dir)
+{
+    static const QRegularExpression cacheName(QStringLiteral("[0-9a-f]{32}"),
+                                              QRegularExpression::CaseInsensitiveOption);
+    if (dir.isEmpty())
+        return;
+    const QDir directory(dir);
+    for (const QString &name : directory.entryList(QDir::Files)) {
+        if (cacheName.match(name).hasMatch())
+            QFile::remove(directory.filePath(name));
+    }
 }

@@ -8,3 +8,7 @@ bool isDirectoryWritable(const QString &dir);
 
 // The name without the characters that a file name can't have on any platform.
 QString cleanFileName(const QString &name);
+
+// Deletes the files of a song cache in dir: those with 32 hexadecimal digits in their name. Other
+// files stay.
+void removeCacheFiles(const QString &dir);

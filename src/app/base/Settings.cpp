@@ -66,6 +66,11 @@ void setValue(Key key, const QVariant &value)
     instance()->setValue(QLatin1String(entry(key).name), value);
 }
 
+void remove(Key key)
+{
+    instance()->remove(QLatin1String(entry(key).name));
+}
+
 QString cacheDir()
 {
     return value(Key::CacheDir).toString();

@@ -23,6 +23,7 @@ void factoryReset();
 QVariant value(Key key);
 bool contains(Key key);
 void setValue(Key key, const QVariant &value);
+void remove(Key key);
 
 // The stored directories as they stand: not checked, not made absolute.
 QString cacheDir();
