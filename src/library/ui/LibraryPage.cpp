@@ -1,0 +1,141 @@
+#include "LibraryPage.h"
+
+#include "SongListTableModel.h"
+
+#include <QHeaderView>
+#include <QSortFilterProxyModel>
+#include <QTableView>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+LibraryPage::LibraryPage(SongListTableModel *songModel, QWidget *parent)
+    : QWidget(parent)
+    , model(songModel)
+    , proxy(new QSortFilterProxyModel(this))
+    , tableViewMusicList(new QTableView(this))
+{
+    setObjectName(QStringLiteral("page1_MusicList"));
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(tableViewMusicList);
+    proxy->setSourceModel(songModel);
+    proxy->setSortRole(SongListTableModel::SortRole);
+    proxy->setSortLocaleAware(true);
+    proxy->setSortCaseSensitivity(Qt::CaseInsensitive);
+    setUpTable();
+}
+
+void LibraryPage::setUpTable()
+{
+    QTableView *table = tableViewMusicList;
+    table->setObjectName(QStringLiteral("tableViewMusicList"));
+    table->setModel(proxy);
+    table->setFocusPolicy(Qt::NoFocus);
+    table->setSelectionBehavior(QAbstractItemView::SelectRows);
+    table->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    table->setAlternatingRowColors(true);
+    table->setShowGrid(false);
+    table->setWordWrap(false);
+    table->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    table->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    table->verticalHeader()->hide();
+    QHeaderView *header = table->horizontalHeader();
+    header->setSectionsMovable(true);
+    header->setHighlightSections(false);
+    header->setStretchLastSection(true);
+    header->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    table->setSortingEnabled(true);
+    table->sortByColumn(SongListTableModel::TitleColumn, Qt::AscendingOrder);
+    connect(table, &QTableView::doubleClicked, this, &LibraryPage::songActivated);
+    connect(table->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            &LibraryPage::selectionChanged);
+}
+
+void LibraryPage::showEvent(QShowEvent *event)
+{
+    QWidget::showEvent(event);
+    if (!columnsPlaced)
+        spreadColumns();
+    columnsPlaced = true;
+}
+
+void LibraryPage::spreadColumns()
+{
+    constexpr int percent[SongListTableModel::ColumnCount] = {28, 20, 16, 7, 8, 12, 9};
+    const int width = tableViewMusicList->viewport()->width();
+    for (int column = 0; column < SongListTableModel::ColumnCount; ++column)
+        tableViewMusicList->setColumnWidth(column, width * percent[column] / 100);
+}
+
+SongPtr LibraryPage::selectedSong() const
+{
+    const int row = selectedRow();
+    return row < 0 ? SongPtr() : model->song(proxy->mapToSource(proxy->index(row, 0)).row());
+}
+
+int LibraryPage::selectedRow() const
+{
+    const QModelIndexList rows = tableViewMusicList->selectionModel()->selectedRows();
+    return rows.size() == 1 ? rows.constFirst().row() : -1;
+}
+
+void LibraryPage::clearSelection()
+{
+    tableViewMusicList->clearSelection();
+}
+
+void LibraryPage::selectSong(const SongPtr &song)
+{
+    for (int row = 0; row < model->rowCount(); ++row) {
+        if (model->song(row) == song)
+            selectRow(proxy->mapFromSource(model->index(row, 0)).row());
+    }
+}
+
+void LibraryPage::selectRow(int row)
+{
+    tableViewMusicList->selectRow(row);
+    tableViewMusicList->scrollTo(proxy->index(row, 0));
+}
+
+void LibraryPage::scrollUpMusicList(int n)
+{
+    const int last = proxy->rowCount() - 1;
+    const int row = selectedRow();
+    if (last >= 0)
+        selectRow(row < 0 ? last : std::max(row - n, 0));
+}
+
+void LibraryPage::scrollDownMusicList(int n)
+{
+    const int last = proxy->rowCount() - 1;
+    const int row = selectedRow();
+    if (last >= 0)
+        selectRow(row < 0 ? 0 : std::min(row, last - std::min(n, last)) + std::min(n, last));
+}
+
+int LibraryPage::pageStep() const
+{
+    const int rowHeight = tableViewMusicList->verticalHeader()->defaultSectionSize();
+    return std::max(1, tableViewMusicList->viewport()->height() / rowHeight - 1);
+}
+
+void LibraryPage::setFontSize(int points)
+{
+    const int rowHeight = static_cast<int>(points * 1.7);
+    tableViewMusicList->verticalHeader()->setMinimumSectionSize(rowHeight);
+    tableViewMusicList->verticalHeader()->setDefaultSectionSize(rowHeight);
+    tableViewMusicList->horizontalHeader()->setFixedHeight(rowHeight);
+}
+
+QByteArray LibraryPage::columnConfig() const
+{
+    return tableViewMusicList->horizontalHeader()->saveState();
+}
+
+bool LibraryPage::restoreColumnConfig(const QByteArray &config)
+{
+    columnsPlaced = tableViewMusicList->horizontalHeader()->restoreState(config);
+    return columnsPlaced;
+}
