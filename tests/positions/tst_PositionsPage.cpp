@@ -1,0 +1,372 @@
+#include "Player.h"
+#include "PositionsPage.h"
+#include "TestMain.h"
+#include "Theme.h"
+
+#include <QApplication>
+#include <QHeaderView>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QTableWidget>
+
+class TestPositionsPage : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+    void cleanup();
+
+    void cellsHoldTheirTexts();
+    void rowNumberLooksLikeAHeader();
+    void songWithoutPositions();
+    void noSongEmptiesThePage();
+    void beatsColumnFollowsTheBpm();
+    void columnsCanBeHidden_data();
+    void columnsCanBeHidden();
+    void longTextsGetASmallerFont();
+    void wholeTextShowsEveryRow();
+    void fullWidthScrolls();
+    void fontNeverGrowsAboveItsMaximum();
+    void alignmentFollowsTheSetting();
+
+    void markingLeavesTheNumberOut();
+    void activePartIsMarkedAndCentred();
+    void noPartIsNotMarked();
+    void movingTheMark_data();
+    void movingTheMark();
+    void markSurvivesARebuild();
+    void pressingACellMarksIt();
+    void pressingTheNumberStartsThePart();
+    void doubleClickStartsThePart();
+    void resizingChoosesTheFontAnew();
+    void resizingAColumnRebuildsOnce();
+
+private:
+    QTableWidget *table() const { return page->findChild<QTableWidget *>(); }
+    QString text(int row, int column) const { return table()->item(row, column)->text(); }
+    static SongPtr songWith(int positions, const QString &steps, int bpm = 120);
+    void show(const SongPtr &song);
+    QPoint cell(int row, int column) const;
+    QList<int> markedColumns(int row) const;
+
+    std::unique_ptr<Player> player;
+    std::unique_ptr<PositionsPage> page;
+};
+
+void TestPositionsPage::initTestCase()
+{
+    const Theme &theme = themeNamed(QStringLiteral("Dark Night"));
+    qApp->setPalette(theme.palette);
+    qApp->setStyleSheet(filledStyleSheet(styleSheetText(theme), {}));
+}
+
+void TestPositionsPage::init()
+{
+    player = std::make_unique<Player>();
+    page = std::make_unique<PositionsPage>(player.get());
+    page->resize(1000, 600);
+    page->show();
+    QVERIFY(QTest::qWaitForWindowExposed(page.get()));
+}
+
+void TestPositionsPage::cleanup()
+{
+    page.reset();
+    player.reset();
+}
+
+SongPtr TestPositionsPage::songWith(int positions, const QString &steps, int bpm)
+{
+    const auto song = SongPtr::create(QStringLiteral("/none.mp3"), true);
+    song->setPlayLength(180);
+    song->setBpm(QString::number(bpm));
+    for (int i = 0; i < positions; ++i)
+        song->getPositions().insert(i, {i * 4000, QStringLiteral("Part %1").arg(i), steps});
+    return song;
+}
+
+void TestPositionsPage::show(const SongPtr &song)
+{
+    page->setSong(song);
+    page->refreshPositionsWindow();
+}
+
+QPoint TestPositionsPage::cell(int row, int column) const
+{
+    return table()->visualItemRect(table()->item(row, column)).center();
+}
+
+QList<int> TestPositionsPage::markedColumns(int row) const
+{
+    QList<int> columns;
+    for (const QTableWidgetItem *item : table()->selectedItems()) {
+        if (item->row() == row)
+            columns.append(item->column());
+    }
+    std::sort(columns.begin(), columns.end());
+    return columns;
+}
+
+void TestPositionsPage::cellsHoldTheirTexts()
+{
+    page->setColumnShown(TimeColumn, true);
+    show(songWith(3, QStringLiteral("Triple\nBasic")));
+    QCOMPARE(table()->rowCount(), 3);
+    QCOMPARE(text(1, NumberColumn), QStringLiteral("2 "));
+    QCOMPARE(text(1, PartColumn), QStringLiteral("Part 1"));
+    QCOMPARE(text(1, TimeColumn), QStringLiteral("00:04:000 "));
+    QCOMPARE(text(1, BeatsColumn), QStringLiteral("8 "));
+    QCOMPARE(text(2, BeatsColumn), QStringLiteral("344 "));
+    QCOMPARE(text(1, StepsColumn), QStringLiteral("Triple\nBasic"));
+    QCOMPARE(table()->horizontalHeaderItem(StepsColumn)->text(), QStringLiteral("Positionen"));
+}
+
+void TestPositionsPage::rowNumberLooksLikeAHeader()
+{
+    show(songWith(1, QStringLiteral("x")));
+    const QTableWidgetItem *number = table()->item(0, NumberColumn);
+    QCOMPARE(number->background().color(), QColor(0x35, 0x35, 0x35));
+    QCOMPARE(number->foreground().color(), QColor(Qt::white));
+    QVERIFY(number->textAlignment() & Qt::AlignRight);
+    QVERIFY(table()->item(0, StepsColumn)->textAlignment() & Qt::AlignLeft);
+    QVERIFY(table()->item(0, BeatsColumn)->textAlignment() & Qt::AlignRight);
+}
+
+void TestPositionsPage::songWithoutPositions()
+{
+    show(songWith(0, {}));
+    QCOMPARE(table()->rowCount(), 0);
+    QVERIFY(table()->horizontalHeader()->isVisible());
+    QCOMPARE(page->selectedPositionsRow(), -1);
+    page->scrollDownPositions(1);
+    page->scrollUpPositions(1);
+    QCOMPARE(page->selectedPositionsRow(), -1);
+}
+
+void TestPositionsPage::noSongEmptiesThePage()
+{
+    show(songWith(3, QStringLiteral("x")));
+    show({});
+    QCOMPARE(table()->rowCount(), 0);
+}
+
+void TestPositionsPage::beatsColumnFollowsTheBpm()
+{
+    const SongPtr song = songWith(2, QStringLiteral("x"), 0);
+    show(song);
+    QVERIFY(table()->isColumnHidden(BeatsColumn));
+    song->setBpm(QStringLiteral("100"));
+    page->refreshPositionsWindow();
+    QVERIFY(!table()->isColumnHidden(BeatsColumn));
+    page->setColumnShown(BeatsColumn, false);
+    page->refreshPositionsWindow();
+    QVERIFY(table()->isColumnHidden(BeatsColumn));
+}
+
+void TestPositionsPage::columnsCanBeHidden_data()
+{
+    QTest::addColumn<int>("column");
+    QTest::newRow("parts") << static_cast<int>(PartColumn);
+    QTest::newRow("beats") << static_cast<int>(BeatsColumn);
+    QTest::newRow("time") << static_cast<int>(TimeColumn);
+}
+
+void TestPositionsPage::columnsCanBeHidden()
+{
+    QFETCH(int, column);
+    const auto toggle = [this, column] {
+        if (column == PartColumn)
+            page->togglePartCol();
+        else if (column == BeatsColumn)
+            page->toggleBeatCol();
+        else
+            page->toggleTimeCol();
+    };
+    show(songWith(2, QStringLiteral("x")));
+    const bool hidden = column == TimeColumn;
+    page->setColumnShown(TimeColumn, false);
+    QCOMPARE(table()->isColumnHidden(column), hidden);
+    toggle();
+    QCOMPARE(table()->isColumnHidden(column), !hidden);
+    page->refreshPositionsWindow();
+    QCOMPARE(table()->isColumnHidden(column), !hidden);
+    QCOMPARE(page->isColumnShown(static_cast<PositionsColumn>(column)), hidden);
+    toggle();
+    QCOMPARE(table()->isColumnHidden(column), hidden);
+}
+
+void TestPositionsPage::longTextsGetASmallerFont()
+{
+    page->setFullWidth(true);
+    show(songWith(2, QStringLiteral("Triple")));
+    const int large = table()->item(0, StepsColumn)->font().pointSize();
+    show(songWith(2, QStringLiteral("Triple, Basic, Rocking Chair, Turkey, Cowboy, Fontana")));
+    const int small = table()->item(0, StepsColumn)->font().pointSize();
+    QVERIFY2(small < large, qPrintable(QStringLiteral("%1 %2").arg(small).arg(large)));
+    QVERIFY(small >= 8);
+    int width = 0;
+    for (int column = 0; column < PositionsColumnCount; ++column)
+        width += table()->columnWidth(column);
+    QVERIFY(width <= table()->horizontalHeader()->width() + 10);
+}
+
+void TestPositionsPage::wholeTextShowsEveryRow()
+{
+    page->setFullWidth(false);
+    show(songWith(15, QStringLiteral("x")));
+    int height = 0;
+    for (int row = 0; row < 15; ++row)
+        height += table()->rowHeight(row);
+    QVERIFY2(height <= table()->viewport()->height() + 15, qPrintable(QString::number(height)));
+}
+
+void TestPositionsPage::fullWidthScrolls()
+{
+    page->setFullWidth(true);
+    show(songWith(15, QStringLiteral("x")));
+    QVERIFY(table()->verticalScrollBar()->maximum() > 0);
+}
+
+void TestPositionsPage::fontNeverGrowsAboveItsMaximum()
+{
+    page->setFullWidth(true);
+    page->setMaxFontSize(20);
+    show(songWith(1, QStringLiteral("x")));
+    QCOMPARE(table()->item(0, StepsColumn)->font().pointSize(), 19);
+    page->setMaxFontSize(5);
+    page->refreshPositionsWindow();
+    QVERIFY(table()->item(0, StepsColumn)->font().pointSize() > 0);
+}
+
+void TestPositionsPage::alignmentFollowsTheSetting()
+{
+    page->setVerticalAlignment(Qt::AlignTop);
+    show(songWith(1, QStringLiteral("x")));
+    QVERIFY(table()->item(0, StepsColumn)->textAlignment() & Qt::AlignTop);
+}
+
+void TestPositionsPage::markingLeavesTheNumberOut()
+{
+    show(songWith(3, QStringLiteral("x")));
+    page->selectPositionsRow(1, false);
+    QCOMPARE(page->selectedPositionsRow(), 1);
+    QCOMPARE(markedColumns(1), (QList<int>{PartColumn, BeatsColumn, StepsColumn}));
+    page->selectPositionsRow(2, false);
+    QVERIFY(markedColumns(1).isEmpty());
+}
+
+void TestPositionsPage::activePartIsMarkedAndCentred()
+{
+    page->setFullWidth(true);
+    show(songWith(40, QStringLiteral("x")));
+    page->on_partChanged(20);
+    QCOMPARE(page->selectedPositionsRow(), 20);
+    const QRect row = table()->visualItemRect(table()->item(20, StepsColumn));
+    const int middle = table()->viewport()->rect().center().y();
+    QVERIFY(std::abs(row.center().y() - middle) <= row.height());
+}
+
+void TestPositionsPage::noPartIsNotMarked()
+{
+    show(songWith(3, QStringLiteral("x")));
+    page->on_partChanged(1);
+    page->on_partChanged(-1);
+    QCOMPARE(page->selectedPositionsRow(), -1);
+}
+
+void TestPositionsPage::movingTheMark_data()
+{
+    QTest::addColumn<int>("from");
+    QTest::addColumn<int>("step"); // down is positive
+    QTest::addColumn<int>("to");
+    QTest::newRow("down from nowhere") << -1 << 1 << 0;
+    QTest::newRow("up from nowhere") << -1 << -1 << 29;
+    QTest::newRow("page down from nowhere") << -1 << 5 << 0;
+    QTest::newRow("page up from nowhere") << -1 << -5 << 29;
+    QTest::newRow("end from nowhere") << -1 << 999999 << 29;
+    QTest::newRow("home from nowhere") << -1 << -999999 << 0;
+    QTest::newRow("down") << 3 << 1 << 4;
+    QTest::newRow("up") << 3 << -1 << 2;
+    QTest::newRow("page down") << 3 << 5 << 8;
+    QTest::newRow("page up stops") << 3 << -5 << 0;
+    QTest::newRow("page down stops") << 27 << 5 << 29;
+    QTest::newRow("down at the end") << 29 << 1 << 29;
+    QTest::newRow("up at the start") << 0 << -1 << 0;
+}
+
+void TestPositionsPage::movingTheMark()
+{
+    QFETCH(int, from);
+    QFETCH(int, step);
+    show(songWith(30, QStringLiteral("x")));
+    page->on_partChanged(from);
+    if (step > 0)
+        page->scrollDownPositions(step);
+    else
+        page->scrollUpPositions(-step);
+    QTEST(page->selectedPositionsRow(), "to");
+}
+
+void TestPositionsPage::markSurvivesARebuild()
+{
+    show(songWith(3, QStringLiteral("x")));
+    page->on_partChanged(1);
+    page->refreshPositionsWindow();
+    QCOMPARE(page->selectedPositionsRow(), 1);
+}
+
+void TestPositionsPage::pressingACellMarksIt()
+{
+    show(songWith(3, QStringLiteral("x")));
+    QSignalSpy start(page.get(), &PositionsPage::startRequested);
+    QSignalSpy pressed(page.get(), &PositionsPage::pressed);
+    QTest::mousePress(table()->viewport(), Qt::LeftButton, {}, cell(1, StepsColumn));
+    QCOMPARE(page->selectedPositionsRow(), 1);
+    QCOMPARE(start.size(), 0);
+    QCOMPARE(pressed.size(), 1);
+}
+
+void TestPositionsPage::pressingTheNumberStartsThePart()
+{
+    show(songWith(3, QStringLiteral("x")));
+    QSignalSpy start(page.get(), &PositionsPage::startRequested);
+    QTest::mousePress(table()->viewport(), Qt::LeftButton, {}, cell(2, NumberColumn));
+    QCOMPARE(start.size(), 1);
+    QCOMPARE(start.constFirst().constFirst().toInt(), 2);
+    QCOMPARE(page->selectedPositionsRow(), 2);
+}
+
+void TestPositionsPage::doubleClickStartsThePart()
+{
+    show(songWith(3, QStringLiteral("x")));
+    QSignalSpy start(page.get(), &PositionsPage::startRequested);
+    QTest::mouseClick(table()->viewport(), Qt::LeftButton, {}, cell(1, StepsColumn));
+    QCOMPARE(start.size(), 0);
+    QTest::mouseDClick(table()->viewport(), Qt::LeftButton, {}, cell(1, StepsColumn));
+    QCOMPARE(start.size(), 1);
+    QCOMPARE(start.constFirst().constFirst().toInt(), 1);
+}
+
+void TestPositionsPage::resizingChoosesTheFontAnew()
+{
+    page->setFullWidth(true);
+    show(songWith(3, QStringLiteral("Triple, Basic, Rocking Chair, Turkey")));
+    const int wide = table()->item(0, StepsColumn)->font().pointSize();
+    page->resize(500, 600);
+    QTRY_VERIFY(table()->item(0, StepsColumn)->font().pointSize() < wide);
+}
+
+void TestPositionsPage::resizingAColumnRebuildsOnce()
+{
+    show(songWith(3, QStringLiteral("x")));
+    page->on_partChanged(1);
+    table()->horizontalHeader()->resizeSection(PartColumn, 300);
+    // The rebuild puts the width back to what the text needs.
+    QVERIFY(table()->columnWidth(PartColumn) != 300);
+    QCOMPARE(table()->rowCount(), 3);
+}
+
+TARVELO_TEST_MAIN(TestPositionsPage, QApplication)
+#include "tst_PositionsPage.moc"
