@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QDialog>
+
+class QFrame;
+class QLabel;
+class QProgressBar;
+
+// Shows the progress of a library scan, in the middle of the primary screen.
+class TarveloSplashScreen : public QDialog
+{
+    Q_OBJECT
+
+public:
+    explicit TarveloSplashScreen(QWidget *parent = nullptr);
+
+public Q_SLOTS:
+    // Number of files that the scan reads.
+    void setRange(int max);
+    // File number value has been read; runs the event loop so that it shows.
+    void setSplashProgress(int value, const QString &fileName, bool cached);
+
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+
+private:
+    QFrame *makeLogo();
+    QFrame *makeInfo();
+    void centerOnScreen();
+
+    QString word; // "Lese Datei" in the language of the settings
+    QLabel *labelSplashProgress = nullptr;
+    QProgressBar *progressBar = nullptr;
+};
