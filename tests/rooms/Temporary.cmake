@@ -1,0 +1,10 @@
+# make_temporary(VARIABLE): a new directory that the caller removes.
+function(make_temporary variable)
+    set(parent "$ENV{TMPDIR}")
+    if(NOT parent)
+        set(parent /tmp)
+    endif()
+    string(RANDOM LENGTH 12 name)
+    file(MAKE_DIRECTORY ${parent}/tarvelo-rooms-${name})
+    set(${variable} ${parent}/tarvelo-rooms-${name} PARENT_SCOPE)
+endfunction()
