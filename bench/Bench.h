@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QElapsedTimer>
+
+#include <algorithm>
+#include <cstdio>
+#include <limits>
+
+// What every benchmark needs: sizes, times and the lines it prints.
+namespace Bench {
+
+// How many things to measure with: TARVELO_BENCH_COUNT, or usual.
+inline int count(int usual)
+{
+    const int wanted = qEnvironmentVariableIntValue("TARVELO_BENCH_COUNT");
+    return wanted > 0 ? wanted : usual;
+}
+
+// The shortest of some runs, in milliseconds: what the work takes when nothing disturbs it.
+template <typename Work> double best(int rounds, Work work)
+{
+    double shortest = std::numeric_limits<double>::max();
+    for (int i = 0; i < rounds; ++i) {
+        QElapsedTimer timer;
+        timer.start();
+        work();
+        shortest = std::min(shortest, static_cast<double>(timer.nsecsElapsed()) / 1e6);
+    }
+    return shortest;
+}
+
+// One line: name and value.
+inline void report(const char *name, double value)
+{
+    std::printf("%s %.3f\n", name, value);
+}
+
+} // namespace Bench
