@@ -4,6 +4,7 @@
 #include "Tarvelo.h"
 
 #include <QApplication>
+#include <QIcon>
 #include <QMessageBox>
 #include <QProcess>
 
@@ -20,6 +21,7 @@ int refuseSecondInstance()
 
 int runWindow()
 {
+    QApplication::setWindowIcon(QIcon(QStringLiteral(":/Tarvelo.png")));
     Tarvelo tarvelo;
     MainWindow window(&tarvelo);
     window.decoupledStartActions();
