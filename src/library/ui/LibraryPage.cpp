@@ -101,18 +101,16 @@ void LibraryPage::selectRow(int row)
 
 void LibraryPage::scrollUpMusicList(int n)
 {
-    const int last = proxy->rowCount() - 1;
-    const int row = selectedRow();
-    if (last >= 0)
-        selectRow(row < 0 ? last : std::max(row - n, 0));
+    const int row = selectedRow() < 0 ? proxy->rowCount() : selectedRow();
+    if (row > 0)
+        selectRow(std::max(row - n, 0));
 }
 
 void LibraryPage::scrollDownMusicList(int n)
 {
-    const int last = proxy->rowCount() - 1;
     const int row = selectedRow();
-    if (last >= 0)
-        selectRow(row < 0 ? 0 : std::min(row, last - std::min(n, last)) + std::min(n, last));
+    if (row >= 0)
+        selectRow(n < proxy->rowCount() - row ? row + n : proxy->rowCount() - 1);
 }
 
 int LibraryPage::pageStep() const

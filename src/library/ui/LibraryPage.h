@@ -25,7 +25,7 @@ public:
     void selectSong(const SongPtr &song);
 
     // Selects the row n rows away from the selected one, the first or last at most. Without a
-    // selection: the first row going down, the last going up.
+    // selection, up goes from the end of the list, and down does nothing.
     void scrollUpMusicList(int n);
     void scrollDownMusicList(int n);
     // Rows that fit on the screen less one, for moving by pages.

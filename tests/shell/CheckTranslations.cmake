@@ -1,0 +1,25 @@
+# Runs lupdate on a copy of the English file: it must come out as it went in, and finished.
+set(temporary $ENV{TMPDIR})
+if(NOT temporary)
+    set(temporary /tmp)
+endif()
+string(RANDOM LENGTH 12 name)
+set(copy ${temporary}/tarvelo-${name}.ts)
+file(COPY_FILE ${SOURCES}/translations/Tarvelo_en.ts ${copy})
+execute_process(
+    COMMAND ${LUPDATE} -silent -locations none -source-language de -target-language en
+        ${SOURCES}/src -ts ${copy}
+    COMMAND_ERROR_IS_FATAL ANY)
+file(READ ${copy} updated)
+file(READ ${SOURCES}/translations/Tarvelo_en.ts committed)
+file(REMOVE ${copy})
+foreach(mark "type=\"unfinished\"" "type=\"vanished\"" "type=\"obsolete\"")
+    string(FIND "${updated}" "${mark}" place)
+    if(NOT place EQUAL -1)
+        string(SUBSTRING "${updated}" ${place} 300 sample)
+        message(FATAL_ERROR "Run scripts/update-translations: ${mark} near ${sample}")
+    endif()
+endforeach()
+if(NOT updated STREQUAL committed)
+    message(FATAL_ERROR "Run scripts/update-translations: the texts have changed.")
+endif()
