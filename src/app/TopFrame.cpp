@@ -59,7 +59,6 @@ void TopFrame::addWidgets()
     layout->setStretchFactor(labelPositionsHeader, 1);
     labelPositionsAdditionalInfoL->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     buttonPositionsDisplay->setCheckable(true);
-    buttonPositionsDisplay->setShortcut(Qt::Key_W);
     toolButtonRightMenu->setText(QStringLiteral("≡"));
     toolButtonRightMenu->setPopupMode(QToolButton::InstantPopup);
     toolButtonScreenSelect->setPopupMode(QToolButton::InstantPopup);
@@ -142,4 +141,6 @@ void TopFrame::setFullWidth(bool full)
 {
     buttonPositionsDisplay->setChecked(full);
     buttonPositionsDisplay->setText(full ? QStringLiteral("↔") : QStringLiteral("↕"));
+    // A new text takes the button's shortcut away.
+    buttonPositionsDisplay->setShortcut(Qt::Key_W);
 }

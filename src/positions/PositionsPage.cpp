@@ -219,8 +219,26 @@ void PositionsPage::setColumnWidths(const PositionsExtent &extent, const QFont &
 {
     for (int column = 0; column < PositionsColumnCount; ++column) {
         const QString &text = extent.widest[static_cast<std::size_t>(column)];
-        tableWidgetPositions->setColumnWidth(column, singleLineWidth(font, text) + columnPadding);
+        const int width = singleLineWidth(font, text) + columnPadding;
+        tableWidgetPositions->setColumnWidth(column, std::max(width, fitHeading(column, width)));
     }
+}
+
+// A heading that is wider than its column gets smaller, to a size that can still be read; the
+// answer is the width that it needs then.
+int PositionsPage::fitHeading(int column, int columnWidth)
+{
+    constexpr int margins = 16; // pixels at both sides of a heading
+    constexpr int smallest = 8; // points
+    QTableWidgetItem *heading = tableWidgetPositions->horizontalHeaderItem(column);
+    if (heading->text().isEmpty())
+        return 0;
+    QFont font = tableWidgetPositions->horizontalHeader()->font();
+    while (font.pointSize() > smallest
+           && singleLineWidth(font, heading->text()) + margins > columnWidth)
+        font.setPointSize(font.pointSize() - 1);
+    heading->setFont(font);
+    return singleLineWidth(font, heading->text()) + margins;
 }
 
 int PositionsPage::selectedPositionsRow() const

@@ -72,6 +72,7 @@ private:
     void fillTable(const ShownColumns &shown, const QFont &font, int rowHeight);
     void fillRow(int row, const PositionsRow &texts, const ShownColumns &shown, const QFont &font);
     void setColumnWidths(const PositionsExtent &extent, const QFont &font);
+    int fitHeading(int column, int columnWidth);
     void goToRow(int row);
     void onTableWidgetPositions_pressed(const QModelIndex &index);
     void onTableWidgetPositions_doubleClicked(const QModelIndex &index);

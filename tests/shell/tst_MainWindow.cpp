@@ -76,6 +76,7 @@ private Q_SLOTS:
     void rescanLetsGoOfTheSong();
     void menusBelongToTheirScreens();
     void columnsSwitchByShortcut();
+    void widthSwitchesByShortcut();
     void keysWithoutASongDoNothing();
 
 private:
@@ -638,6 +639,23 @@ void TestMainWindow::columnsSwitchByShortcut()
     QVERIFY(window->byeBye());
     QCOMPARE(Settings::value(Key::ShowPartColumn).toBool(), false);
     QCOMPARE(Settings::value(Key::ShowTimeColumn).toBool(), true);
+}
+
+void TestMainWindow::widthSwitchesByShortcut()
+{
+    useLibrary();
+    start();
+    key(Qt::Key_Home);
+    key(Qt::Key_Return);
+    const auto *button = find<QPushButton>("buttonPositionsDisplay");
+    QVERIFY(!button->isChecked());
+    for (const bool full : {true, false, true}) {
+        key(Qt::Key_W);
+        QTRY_COMPARE(button->isChecked(), full);
+        QTRY_VERIFY(!button->isDown());
+    }
+    QVERIFY(window->byeBye());
+    QCOMPARE(Settings::value(Key::LyricsFullPage).toBool(), true);
 }
 
 void TestMainWindow::keysWithoutASongDoNothing()

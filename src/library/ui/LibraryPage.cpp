@@ -62,7 +62,7 @@ void LibraryPage::showEvent(QShowEvent *event)
 
 void LibraryPage::spreadColumns()
 {
-    constexpr int percent[SongListTableModel::ColumnCount] = {28, 20, 16, 7, 8, 12, 9};
+    constexpr int percent[SongListTableModel::ColumnCount] = {25, 18, 14, 7, 9, 16, 11};
     const int width = tableViewMusicList->viewport()->width();
     for (int column = 0; column < SongListTableModel::ColumnCount; ++column)
         tableViewMusicList->setColumnWidth(column, width * percent[column] / 100);
@@ -121,7 +121,10 @@ int LibraryPage::pageStep() const
 
 void LibraryPage::setFontSize(int points)
 {
-    const int rowHeight = static_cast<int>(points * 1.7);
+    QFont font = tableViewMusicList->font();
+    font.setPointSize(points);
+    // On a screen of many dots an inch the letters need more than 1.7 pixels a point.
+    const int rowHeight = std::max(static_cast<int>(points * 1.7), QFontMetrics(font).height() + 2);
     tableViewMusicList->verticalHeader()->setMinimumSectionSize(rowHeight);
     tableViewMusicList->verticalHeader()->setDefaultSectionSize(rowHeight);
     tableViewMusicList->horizontalHeader()->setFixedHeight(rowHeight);
