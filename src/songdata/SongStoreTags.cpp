@@ -3,6 +3,7 @@
 #include "GeneralFields.h"
 #include "Id3Frames.h"
 #include "Song.h"
+#include "TagStream.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -16,16 +17,38 @@
 
 namespace {
 
-TagLib::FileRef openFile(const QString &path)
-{
 #ifdef Q_OS_WIN
-    return TagLib::FileRef(reinterpret_cast<const wchar_t *>(path.utf16()), true,
-                           TagLib::AudioProperties::Average);
-#else
-    return TagLib::FileRef(QFile::encodeName(path).constData(), true,
-                           TagLib::AudioProperties::Average);
-#endif
+std::wstring nativeName(const QString &path)
+{
+    return path.toStdWString();
 }
+#else
+std::string nativeName(const QString &path)
+{
+    return QFile::encodeName(path).toStdString();
+}
+#endif
+
+// An open music file. It stays the owner of its stream, which has to outlive the reference.
+class MusicFile
+{
+public:
+    explicit MusicFile(const QString &path)
+        : stream(nativeName(path).c_str())
+        , reference(&stream, true, TagLib::AudioProperties::Average)
+    { }
+    bool isUsable() const { return !reference.isNull() && reference.tag(); }
+    TagLib::FileRef *operator->() { return &reference; }
+    // Null for any other format.
+    TagLib::MPEG::File *mpeg() const
+    {
+        return dynamic_cast<TagLib::MPEG::File *>(reference.file());
+    }
+
+private:
+    TagStream stream;
+    TagLib::FileRef reference;
+};
 
 void readAudioProperties(const TagLib::AudioProperties *properties, Song &song)
 {
@@ -75,12 +98,12 @@ bool SongStoreTags::load(Song &song, const QFileInfo &info)
 {
     if (info.size() < 1)
         return false;
-    const TagLib::FileRef file = openFile(song.getFilename());
-    if (file.isNull() || !file.tag())
+    MusicFile file(song.getFilename());
+    if (!file.isUsable())
         return false;
-    GeneralFields::read(*file.tag(), song);
-    readAudioProperties(file.audioProperties(), song);
-    auto *mpeg = dynamic_cast<TagLib::MPEG::File *>(file.file());
+    GeneralFields::read(*file->tag(), song);
+    readAudioProperties(file->audioProperties(), song);
+    auto *mpeg = file.mpeg();
     if (mpeg && mpeg->ID3v2Tag(false))
         Id3Frames::read(*mpeg->ID3v2Tag(false), song);
     return true;
@@ -88,17 +111,17 @@ bool SongStoreTags::load(Song &song, const QFileInfo &info)
 
 bool SongStoreTags::save(Song &song)
 {
-    TagLib::FileRef file = openFile(song.getFilename());
-    if (file.isNull() || !file.tag())
+    MusicFile file(song.getFilename());
+    if (!file.isUsable())
         return false;
-    const bool changed = GeneralFields::write(*file.file(), song);
-    auto *mpeg = dynamic_cast<TagLib::MPEG::File *>(file.file());
+    const bool changed = GeneralFields::write(*file->file(), song);
+    auto *mpeg = file.mpeg();
     if (mpeg && mpeg->ID3v2Tag(false))
         Id3Frames::write(*mpeg->ID3v2Tag(false), song);
     song.setModified(QDateTime::currentDateTime());
     if (mpeg)
         return saveMpeg(*mpeg, song.getFilename());
-    return changed ? file.save() : touch(song.getFilename());
+    return changed ? file->save() : touch(song.getFilename());
 }
 
 bool SongStoreTags::remove(const Song &)

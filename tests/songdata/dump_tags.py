@@ -27,6 +27,13 @@ V22_NAMES = {
 }
 
 
+class AllFrames(id3.ID3):
+    """Keeps frames of the same kind side by side, where mutagen would join them."""
+
+    def _add(self, frame, strict):
+        self.__dict__.setdefault("in_order", []).append(frame)
+
+
 def leading_int(text):
     match = re.match(r"\s*([+-]?\d+)", text)
     return int(match.group(1)) if match else 0
@@ -38,6 +45,8 @@ def until_nul(text):
 
 def frame_name(frame):
     name = type(frame).__name__
+    if name in ("IPLS", "IPL"):
+        return "TIPL"
     return V22_NAMES.get(name, name) if len(name) == 3 else name
 
 
@@ -64,15 +73,18 @@ class Id3:
 
     def __init__(self, data):
         self.frames = []
+        self.unknown = []
         self.version = []
         # mutagen refuses a file that ends inside its tag; what is there counts.
         missing = max(0, tag_areas(data)[0] - len(data)) if data[:3] == b"ID3" else 0
         try:
-            tag = id3.ID3(io.BytesIO(data + bytes(missing)), translate=False, load_v1=False)
+            tag = AllFrames(io.BytesIO(data + bytes(missing)), translate=False, load_v1=False)
         except id3.ID3NoHeaderError:
             return
         self.version = list(tag.version)
-        self.frames = [(frame_name(frame), frame) for frame in tag.values()]
+        self.unknown = [list(entry) if isinstance(entry, tuple) else entry
+                        for entry in tag.unknown_frames]
+        self.frames = [(frame_name(f), f) for f in tag.__dict__.get("in_order", [])]
 
     def all(self, name):
         return [frame for known, frame in self.frames if known == name]
@@ -92,19 +104,24 @@ class Id3:
         return ""
 
     def genre(self):
-        """Numbers, alone or in brackets, stand for names; each name counts once."""
+        """Numbers, alone or in brackets, stand for names; each name counts once. What else
+        stands in leading brackets is no name: version 2.3 has references there."""
         names = []
         for frame in self.all("TCON")[:1]:
             for text in frame.text:
-                match = re.match(r"\((\d+)\)(.*)$", text, re.S)
-                parts = [match.group(1), match.group(2)] if match else [text]
-                if match and genre_name(parts[0]) == parts[1]:
-                    parts = [parts[1]]
-                for part in parts:
+                for part in self.genre_parts(text):
                     name = genre_name(part)
                     if name and name not in names:
                         names.append(name)
         return " ".join(names)
+
+    def genre_parts(self, text):
+        parts = []
+        while self.version < [2, 4] and (match := re.match(r"\(([^)]*)\)(.*)$", text, re.S)):
+            code, text = match.groups()
+            if code in ("RX", "CR") or (re.fullmatch(r"\d+", code) and genre_name(code) != text):
+                parts.append(code)
+        return parts + [text]
 
     def user(self, key):
         for wanted in (key, key.upper()):
@@ -137,13 +154,15 @@ class Id3v1:
         block = data[-128:]
         self.block = block if block[:3] == b"TAG" and len(block) == 128 else None
 
+    def raw(self, begin, length):
+        return until_nul(self.block[begin:begin + length].decode("latin-1")) if self.block else ""
+
     def part(self, begin, length):
-        if not self.block:
-            return ""
-        return until_nul(self.block[begin:begin + length].decode("latin-1")).strip()
+        return self.raw(begin, length).strip(" \t\n\f\r")
 
     def comment(self):
-        return self.part(97, 28 if self.track() else 30)
+        """Blanks count in the longer comment of version 1.0."""
+        return self.part(97, 28) if self.track() else self.raw(97, 30)
 
     def track(self):
         return self.block[126] if self.block and self.block[125] == 0 else 0
@@ -223,6 +242,9 @@ def plain(value):
 
 
 def content(frame):
+    if isinstance(frame, id3.PIC):
+        frame = id3.APIC(mime={"JPG": "image/jpeg", "PNG": "image/png"}.get(frame.mime, frame.mime),
+                         type=frame.type, desc=frame.desc, data=frame.data)
     specs = list(frame._framespec) + list(frame._optionalspec)
     return {spec.name: plain(getattr(frame, spec.name, None)) for spec in specs
             if spec.name != "encoding"}
@@ -235,7 +257,8 @@ def dump_mp3(path):
     start, end = tag_areas(data)
     return {
         "song": song(tag, Ape(path), Id3v1(data)),
-        "frames": [[name, content(frame)] for name, frame in tag.frames],
+        "frames": [[name, content(frame)] for name, frame in tag.frames]
+        + [["unknown", plain(entry)] for entry in tag.unknown],
         "version": tag.version,
         "id3v1": Id3v1(data).block is not None,
         "id3v1_title": Id3v1(data).part(3, 30),

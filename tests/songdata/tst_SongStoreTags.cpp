@@ -1,0 +1,221 @@
+#include "Song.h"
+
+#include "Samples.h"
+#include "SongFiles.h"
+#include "TestMain.h"
+
+#include <QGuiApplication>
+
+#include <unistd.h>
+
+class TestSongStoreTags : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+    void cleanupTestCase();
+
+    void aFileWithoutATagHasDefaults();
+    void anEmptyFileFails();
+    void aFileOfNoMusicFails();
+    void audioPropertiesAreRead();
+    void anyFileNameWorks_data();
+    void anyFileNameWorks();
+    void savingTellsTheTime();
+    void aReadOnlyFileIsNotSaved();
+    void aFullDiskLosesNothing();
+    void nothingReadsBackDifferently();
+
+private:
+    QDir files() const { return QDir(directory->path()); }
+
+    std::unique_ptr<QTemporaryDir> directory;
+};
+
+void TestSongStoreTags::initTestCase()
+{
+    createSongStores();
+}
+
+void TestSongStoreTags::cleanupTestCase()
+{
+    destroySongStores();
+}
+
+void TestSongStoreTags::init()
+{
+    directory = std::make_unique<QTemporaryDir>();
+}
+
+void TestSongStoreTags::aFileWithoutATagHasDefaults()
+{
+    const Song song(SongFiles::tone(files()), false);
+    QCOMPARE(song.getYear(), u"0"_qs);
+    QCOMPARE(song.getBpm(), u"0"_qs);
+    QCOMPARE(song.getTrackNum(), QString());
+    QCOMPARE(song.getRating(), 0);
+    QCOMPARE(song.getLastTempo(), u"0.0"_qs);
+    QCOMPARE(song.getLastPitch(), u"0.0"_qs);
+    QCOMPARE(song.getLastVolume(), u"1.0"_qs);
+    QCOMPARE(song.getVersionTag(), 0);
+    QCOMPARE(song.getTitle(), QString());
+    QVERIFY(!song.hasPositions());
+    QVERIFY(song.getModified().isValid());
+}
+
+void TestSongStoreTags::anEmptyFileFails()
+{
+    const QString path = files().filePath(u"empty.mp3"_qs);
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.close();
+    Song song(path, false);
+    QVERIFY(!song.reload());
+    QCOMPARE(song.getRating(), -1);
+    QCOMPARE(song.getBpm(), QString());
+}
+
+void TestSongStoreTags::aFileOfNoMusicFails()
+{
+    const QString path = files().filePath(u"text.ogg"_qs);
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("no music at all");
+    file.close();
+    Song song(path, false);
+    QVERIFY(!song.reload());
+    QCOMPARE(song.getYear(), QString());
+    QTest::ignoreMessage(QtCriticalMsg, QRegularExpression(u"Save File failed:.*"_qs));
+    QVERIFY(!song.save());
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QCOMPARE(file.readAll(), QByteArray("no music at all"));
+}
+
+void TestSongStoreTags::audioPropertiesAreRead()
+{
+    const QString path = files().filePath(u"mono.mp3"_qs);
+    QVERIFY(Samples::writeTone(path, {3.2, 440, 22050, 1}));
+    const Song song(path, false);
+    QCOMPARE(song.getFrequency(), 22050);
+    QCOMPARE(song.getChannels(), 1);
+    QCOMPARE(song.getPlayLength(), 3);
+}
+
+void TestSongStoreTags::anyFileNameWorks_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::newRow("hash") << u"a#b#.mp3"_qs;
+    QTest::newRow("percent") << u"100%20%.mp3"_qs;
+    QTest::newRow("question mark") << u"what?.mp3"_qs;
+    QTest::newRow("blanks") << u"  a  b .mp3"_qs;
+    QTest::newRow("quotes") << u"\"a'b`\\.mp3"_qs;
+    QTest::newRow("line break") << u"a\nb\t.mp3"_qs;
+    QTest::newRow("umlaut") << u"Grüße.mp3"_qs;
+    QTest::newRow("combining") << u"Gru\u0308ße.mp3"_qs;
+    QTest::newRow("emoji") << u"💃🏽🕺.mp3"_qs;
+    QTest::newRow("right to left") << u"שלום.mp3"_qs;
+    QTest::newRow("colon") << u"file:x.mp3"_qs;
+    QTest::newRow("longest") << QString(251, u'x') + u".mp3"_qs;
+    QTest::newRow("longest in bytes") << QString(62, u'\u4e00') + QString(65, u'x') + u".mp3"_qs;
+}
+
+void TestSongStoreTags::anyFileNameWorks()
+{
+    QFETCH(QString, name);
+    const QString path = SongFiles::tone(files(), name);
+    Song song(path, false);
+    QCOMPARE(song.getFrequency(), 44100);
+    song.setTitle(name);
+    QVERIFY(song.save());
+    QCOMPARE(Song(path, false).getTitle(), name);
+    QVERIFY(song.removeFromDisk());
+    QVERIFY(!QFile::exists(path));
+}
+
+void TestSongStoreTags::savingTellsTheTime()
+{
+    const QString path = SongFiles::tone(files());
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::ReadWrite));
+    const QDateTime old = QDateTime::currentDateTime().addDays(-1);
+    QVERIFY(file.setFileTime(old, QFileDevice::FileModificationTime));
+    file.close();
+    Song song(path, false);
+    QCOMPARE(song.getModified(), QFileInfo(path).lastModified());
+    QVERIFY(song.save());
+    QVERIFY(song.getModified() > old.addSecs(3600));
+    QVERIFY(QFileInfo(path).lastModified() > old.addSecs(3600));
+}
+
+void TestSongStoreTags::aReadOnlyFileIsNotSaved()
+{
+    if (::geteuid() == 0)
+        QSKIP("Root may write any file: run this as an ordinary user.");
+    for (const QString &name : {u"tone.mp3"_qs, u"tone.flac"_qs, u"tone.ogg"_qs}) {
+        const QString path = files().filePath(name);
+        QVERIFY(Samples::writeTone(path));
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QByteArray before = file.readAll();
+        file.close();
+        QVERIFY(file.setPermissions(QFile::ReadOwner));
+        for (const QString &title : {QString(), u"new"_qs}) {
+            Song song(path, false);
+            QVERIFY(song.isReadonly());
+            song.setTitle(title);
+            QTest::ignoreMessage(QtCriticalMsg, QRegularExpression(u"Save File failed:.*"_qs));
+            QVERIFY(!song.save());
+        }
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QCOMPARE(file.readAll(), before);
+    }
+}
+
+void TestSongStoreTags::aFullDiskLosesNothing()
+{
+    const QDir mount(files().filePath(u"full"_qs));
+    QVERIFY(mount.mkpath(u"."_qs));
+    const QStringList arguments{u"-t"_qs,        u"tmpfs"_qs, u"-o"_qs,
+                                u"size=256k"_qs, u"none"_qs,  mount.path()};
+    if (QProcess::execute(u"mount"_qs, arguments) != 0)
+        QSKIP("This user may not mount a small file system.");
+    const auto unmount = qScopeGuard([&] { QProcess::execute(u"umount"_qs, {mount.path()}); });
+    const QString path = SongFiles::tone(mount);
+    const QJsonObject before = SongFiles::dump(path);
+    Song song(path, false);
+    song.setComment(QString(300000, u'x'));
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"No room to save.*"_qs));
+    QTest::ignoreMessage(QtCriticalMsg, QRegularExpression(u"Save File failed:.*"_qs));
+    QVERIFY(!song.save());
+    QCOMPARE(SongFiles::dump(path), before);
+    song.setComment(u"short"_qs);
+    QVERIFY(song.save());
+    QCOMPARE(SongFiles::dump(path).value(u"audio"), before.value(u"audio"));
+}
+
+void TestSongStoreTags::nothingReadsBackDifferently()
+{
+    const QString path = SongFiles::tone(files());
+    Song song(path, false);
+    song.setTempo(-3.5);
+    song.setPitch(1.25);
+    song.setVolume(0.75);
+    song.setBpm(u"133"_qs);
+    song.setRating(77);
+    song.setTitle(u"T"_qs);
+    song.getPositions().insert(0, Position(1234, u"A"_qs, u"steps"_qs));
+    QVERIFY(song.save());
+    const Song again(path, false);
+    const QMetaObject &meta = Song::staticMetaObject;
+    for (int index = meta.propertyOffset(); index < meta.propertyCount(); ++index) {
+        const char *name = meta.property(index).name();
+        if (qstrcmp(name, "modified") != 0 && qstrcmp(name, "year") != 0)
+            QVERIFY2(again.property(name) == song.property(name), name);
+    }
+    QCOMPARE(again.getPositions(), song.getPositions());
+}
+
+TARVELO_TEST_MAIN(TestSongStoreTags, QGuiApplication)
+#include "tst_SongStoreTags.moc"
