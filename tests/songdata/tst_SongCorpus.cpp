@@ -217,6 +217,11 @@ void TestSongCorpus::savingKeepsEverythingElse()
             lines.append(u"audio"_qs);
         if (keptFrames(old) != keptFrames(now))
             lines.append(keptFrames(old).join(u'\n') + u"\n->\n"_qs + keptFrames(now).join(u'\n'));
+        const QJsonArray comments = SongFiles::frames(now, u"COMM"_qs);
+        for (const QJsonValue &comment : SongFiles::frames(old, u"COMM"_qs)) {
+            if (!comments.contains(comment))
+                lines.append(u"a comment is lost"_qs);
+        }
         QJsonObject shown = old.value(u"song").toObject();
         shown.insert(u"version"_qs, 2);
         lines.append(differences(now.value(u"song").toObject(), shown));

@@ -1,0 +1,175 @@
+#include "TagStream.h"
+
+#include "Song.h"
+#include "SongFiles.h"
+#include "TestMain.h"
+
+#include <QGuiApplication>
+
+class TestTagStream : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void cleanupTestCase();
+
+    void soundTagsAreLeftAlone_data();
+    void soundTagsAreLeftAlone();
+    void framesWithoutContentAreLeftOut_data();
+    void framesWithoutContentAreLeftOut();
+    void textsWithoutAMarkAreMarked_data();
+    void textsWithoutAMarkAreMarked();
+    void aFileIsReadAndSavedWhole_data();
+    void aFileIsReadAndSavedWhole();
+    void loadingWritesNothing();
+};
+
+namespace {
+
+QByteArray frame(const QByteArray &id, const QByteArray &content, const QByteArray &flags = {})
+{
+    const char size[] = {0, 0, 0, static_cast<char>(content.size())};
+    return id + QByteArray(size, 4) + (flags.isEmpty() ? QByteArray(2, 0) : flags) + content;
+}
+
+QByteArray tag(char version, const QByteArray &frames, int padding = 20, char flags = 0)
+{
+    const auto size = static_cast<int>(frames.size()) + padding;
+    const char sizeBytes[] = {0, 0, static_cast<char>(size >> 7), static_cast<char>(size & 0x7f)};
+    return QByteArray("ID3") + version + '\0' + flags + QByteArray(sizeBytes, 4) + frames
+           + QByteArray(padding, 0);
+}
+
+QByteArray mended(const QByteArray &whole)
+{
+    const TagLib::ByteVector result = mendedId3Tag(
+        TagLib::ByteVector(whole.constData(), static_cast<unsigned int>(whole.size())));
+    return QByteArray(result.data(), static_cast<qsizetype>(result.size()));
+}
+
+const QByteArray artist = frame("TPE1", QByteArray("\0artist", 7));
+const QByteArray littleEndian("\x01T\0i\0", 5);
+const QByteArray bigEndian("\x01\0T\0i", 5);
+const QByteArray marked("\x02\0T\0i", 5);
+
+} // namespace
+
+void TestTagStream::initTestCase()
+{
+    createSongStores();
+}
+
+void TestTagStream::cleanupTestCase()
+{
+    destroySongStores();
+}
+
+void TestTagStream::soundTagsAreLeftAlone_data()
+{
+    QTest::addColumn<QByteArray>("whole");
+    const QByteArray hole = frame("TIT2", {});
+    QTest::newRow("no tag") << QByteArray("\xff\xfb\x90\x64", 4);
+    QTest::newRow("nothing") << QByteArray();
+    QTest::newRow("header alone") << tag(3, {}, 0);
+    QTest::newRow("padding alone") << tag(3, {});
+    QTest::newRow("sound") << tag(3, artist);
+    QTest::newRow("version 2.2") << tag(2, hole + artist);
+    QTest::newRow("unsynchronised") << tag(3, hole + artist, 20, char(0x80));
+    QTest::newRow("extended header") << tag(3, hole + artist, 20, 0x40);
+    QTest::newRow("frame beyond the end") << tag(3, artist, 20).left(20);
+    QTest::newRow("with a mark") << tag(3, frame("TIT2", QByteArray("\x01\xff\xfeT\0", 5)));
+    QTest::newRow("with the other mark") << tag(3, frame("TIT2", QByteArray("\x01\xfe\xff\0T", 5)));
+    QTest::newRow("packed") << tag(4, frame("TIT2", littleEndian, QByteArray("\0\x08", 2)));
+    QTest::newRow("user text") << tag(3, frame("TXXX", littleEndian));
+    QTest::newRow("Latin-1") << tag(3, frame("TIT2", QByteArray("\0Ti", 3)));
+    QTest::newRow("half a character") << tag(3, frame("TIT2", QByteArray("\x01T\0i", 4)));
+    QTest::newRow("empty text") << tag(3, frame("TIT2", QByteArray("\x01", 1)));
+}
+
+void TestTagStream::soundTagsAreLeftAlone()
+{
+    QFETCH(QByteArray, whole);
+    QCOMPARE(mended(whole), QByteArray());
+}
+
+void TestTagStream::framesWithoutContentAreLeftOut_data()
+{
+    QTest::addColumn<char>("version");
+    QTest::newRow("2.3") << char(3);
+    QTest::newRow("2.4") << char(4);
+}
+
+void TestTagStream::framesWithoutContentAreLeftOut()
+{
+    QFETCH(char, version);
+    const QByteArray hole = frame("TIT2", {});
+    QCOMPARE(mended(tag(version, hole + artist + hole)), tag(version, artist, 40));
+    QCOMPARE(mended(tag(version, artist + hole, 0)), tag(version, artist, 10));
+}
+
+void TestTagStream::textsWithoutAMarkAreMarked_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::newRow("little-endian") << littleEndian;
+    QTest::newRow("big-endian") << bigEndian;
+}
+
+void TestTagStream::textsWithoutAMarkAreMarked()
+{
+    QFETCH(QByteArray, content);
+    QCOMPARE(mended(tag(3, frame("TIT2", content) + artist)),
+             tag(3, frame("TIT2", marked) + artist));
+}
+
+void TestTagStream::aFileIsReadAndSavedWhole_data()
+{
+    QTest::addColumn<QByteArray>("title");
+    QTest::addColumn<QString>("shown");
+    QTest::newRow("no title") << QByteArray() << QString();
+    QTest::newRow("title without a mark") << littleEndian << u"Ti"_qs;
+}
+
+void TestTagStream::aFileIsReadAndSavedWhole()
+{
+    QFETCH(QByteArray, title);
+    QFETCH(QString, shown);
+    const QTemporaryDir directory;
+    const QString path = SongFiles::tone(QDir(directory.path()));
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::ReadWrite));
+    const QByteArray audio = file.readAll();
+    file.seek(0);
+    file.write(tag(3, frame("TIT2", title) + artist + frame("TSRC", QByteArray("\0code", 5)))
+               + audio);
+    file.close();
+
+    Song song(path, false);
+    QCOMPARE(song.getTitle(), shown);
+    QCOMPARE(song.getArtist(), u"artist"_qs);
+    QVERIFY(song.save());
+    const Song again(path, false);
+    QCOMPARE(again.getTitle(), shown);
+    QCOMPARE(again.getArtist(), u"artist"_qs);
+    QCOMPARE(SongFiles::frames(SongFiles::dump(path), u"TSRC"_qs).size(), 1);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    // An ID3v1 tag has come behind the audio.
+    QCOMPARE(file.readAll().chopped(128).last(audio.size()), audio);
+}
+
+void TestTagStream::loadingWritesNothing()
+{
+    const QTemporaryDir directory;
+    const QString path = directory.filePath(u"song.mp3"_qs);
+    const QByteArray whole = tag(3, frame("TIT2", {}) + artist) + QByteArray(1000, 'x');
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(whole);
+    file.close();
+    QCOMPARE(Song(path, false).getArtist(), u"artist"_qs);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QCOMPARE(file.readAll(), whole);
+}
+
+TARVELO_TEST_MAIN(TestTagStream, QGuiApplication)
+#include "tst_TagStream.moc"
