@@ -52,5 +52,7 @@ private:
 
     QAudioSink *sink = nullptr;
     QAudioDevice device;
+    // What was still to be heard when the source had nothing more.
     QElapsedTimer idleSince;
+    qint64 restMs = 0;
 };

@@ -6,6 +6,8 @@
 
 #include <algorithm>
 #include <type_traits>
+#include <utility>
+#include <vector>
 
 static_assert(std::is_same_v<soundtouch::SAMPLETYPE, float>, "SoundTouch has to work on floats");
 
@@ -22,15 +24,14 @@ void PlayerDevice::setSong(const SongPtr &newSong, double newTempo)
     tempo = newTempo;
     totalBytes = readBytes = bufferIndex = 0;
     starving = false;
+    pendingSeek.reset();
     stretcher->clear();
-    disconnect(supply);
+    listenTo(decoded());
     if (!song || song->isMissingFile())
         return;
     configureStretcher();
     for (int i = 0; i < decodedCount(); ++i)
         totalBytes += song->audioBuffer(i)->byteCount();
-    if (const SongAudioData *audio = decoded())
-        supply = connect(audio, &SongAudioData::bufferAdded, this, &PlayerDevice::wakeReader);
 }
 
 void PlayerDevice::configureStretcher()
@@ -52,12 +53,21 @@ void PlayerDevice::seekToPlaytime(qint64 milliseconds)
 {
     const qint64 target = milliseconds * 1000;
     stretcher->clear();
-    for (int i = 0; i < decodedCount(); ++i) {
+    pendingSeek.reset();
+    const SongAudioData *audio = decoded();
+    if (!seekTo(target, 0) && audio && audio->isGrowing())
+        pendingSeek = target;
+}
+
+bool PlayerDevice::seekTo(qint64 target, int from)
+{
+    for (int i = from; i < decodedCount(); ++i) {
         if (song->audioBuffer(i)->startTime() > target) {
             bufferIndex = i;
-            return;
+            return true;
         }
     }
+    return false;
 }
 
 bool PlayerDevice::hasEnded() const
@@ -98,7 +108,7 @@ int PlayerDevice::decodedCount() const
 
 void PlayerDevice::fillStretcher()
 {
-    while (stretcher->numSamples() == 0 && bufferIndex < decodedCount()) {
+    while (!pendingSeek && stretcher->numSamples() == 0 && bufferIndex < decodedCount()) {
         feed(*song->audioBuffer(static_cast<int>(bufferIndex)));
         ++bufferIndex;
     }
@@ -130,6 +140,30 @@ qint64 PlayerDevice::drainStretcher(char *data, qint64 maxlen)
     floats.resize(std::size_t(received) * channels);
     std::transform(floats.cbegin(), floats.cend(), reinterpret_cast<qint16 *>(data), &sampleOf);
     return static_cast<qint64>(floats.size()) * 2;
+}
+
+void PlayerDevice::listenTo(const SongAudioData *audio)
+{
+    for (const QMetaObject::Connection &connection : supply)
+        disconnect(connection);
+    if (audio)
+        supply
+            = {connect(audio, &SongAudioData::bufferAdded, this, &PlayerDevice::onBufferAdded),
+               connect(audio, &SongAudioData::decodingEnded, this, &PlayerDevice::onDecodingEnded)};
+}
+
+void PlayerDevice::onBufferAdded()
+{
+    if (pendingSeek && seekTo(*pendingSeek, decodedCount() - 1))
+        pendingSeek.reset();
+    if (!pendingSeek)
+        wakeReader();
+}
+
+void PlayerDevice::onDecodingEnded()
+{
+    if (std::exchange(pendingSeek, std::nullopt))
+        wakeReader();
 }
 
 // An output that got nothing has stopped asking.

@@ -4,8 +4,9 @@
 
 #include <QIODevice>
 
+#include <array>
 #include <memory>
-#include <vector>
+#include <optional>
 
 namespace soundtouch {
 class SoundTouch;
@@ -30,8 +31,9 @@ public:
     void setSong(const SongPtr &newSong, double newTempo);
     // Factor, 1.0 = as recorded; heard from the next pulled block on.
     void setTempo(double newTempo);
-    // Goes on at the first buffer that begins after this time of the song. A time behind the last
-    // buffer's beginning changes nothing: right after setSong() that is the song's beginning.
+    // Goes on at the first buffer that begins after this time of the song; if that one isn't
+    // decoded yet, silence until it is. A time behind the beginning of the song's last buffer
+    // changes nothing: right after setSong() that is the song's beginning.
     void seekToPlaytime(qint64 milliseconds);
 
     // Nothing is left to play, and nothing more will come.
@@ -57,6 +59,10 @@ private:
     void fillStretcher();
     void feed(const QAudioBuffer &buffer);
     qint64 drainStretcher(char *data, qint64 maxlen);
+    bool seekTo(qint64 target, int from);
+    void onBufferAdded();
+    void onDecodingEnded();
+    void listenTo(const SongAudioData *audio);
     void wakeReader();
 
     SongPtr song;
@@ -65,6 +71,8 @@ private:
     qint64 readBytes = 0;
     qint64 bufferIndex = 0;
     bool starving = false;
-    QMetaObject::Connection supply;
+    // Microseconds of the song, while the decoder has yet to get there.
+    std::optional<qint64> pendingSeek;
+    std::array<QMetaObject::Connection, 2> supply;
     std::shared_ptr<soundtouch::SoundTouch> stretcher;
 };

@@ -81,6 +81,7 @@ private Q_SLOTS:
     void seekGoesToTheNextBuffer_data();
     void seekGoesToTheNextBuffer();
     void seekBehindTheEndStaysPut();
+    void seekAheadOfTheDecoderWaits();
     void withoutSoundThereIsNothing_data();
     void withoutSoundThereIsNothing();
     void releasedSongFallsSilent();
@@ -281,6 +282,22 @@ void TestPlayerDevice::seekBehindTheEndStaysPut()
     device.read(pull20ms);
     device.seekToPlaytime(lastStart / 1000 + 1);
     QVERIFY(qAbs(sampleAt(device.read(pull20ms), 0) - 2500) <= 100);
+}
+
+void TestPlayerDevice::seekAheadOfTheDecoderWaits()
+{
+    const SongPtr song = songOf(steps);
+    song->decodeAudio();
+    QVERIFY(song->getAudioData()->isGrowing());
+    PlayerDevice device;
+    open(device, song);
+    QSignalSpy ready(&device, &QIODevice::readyRead);
+    device.seekToPlaytime(9050);
+    QVERIFY(device.read(pull20ms).isEmpty());
+    QVERIFY(!device.hasEnded());
+    QVERIFY(ready.wait());
+    QTRY_VERIFY(!song->getAudioData()->isGrowing());
+    QVERIFY(qAbs(sampleAt(device.read(pull20ms), 0) - 4500) <= 50);
 }
 
 void TestPlayerDevice::withoutSoundThereIsNothing_data()

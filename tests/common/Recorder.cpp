@@ -1,0 +1,136 @@
+#include "Recorder.h"
+
+#include <QSignalSpy>
+#include <QTest>
+
+#include <algorithm>
+#include <chrono>
+
+namespace {
+
+double msOfFrames(qsizetype frames)
+{
+    return static_cast<double>(frames) * 1000.0 / Recorder::rate;
+}
+
+} // namespace
+
+Recorder::Recorder()
+{
+    connect(&process, &QProcess::readyReadStandardOutput, this, &Recorder::take);
+}
+
+Recorder::~Recorder()
+{
+    stop();
+}
+
+bool Recorder::start(const QString &monitor)
+{
+    process.start(QStringLiteral("parec"),
+                  {QStringLiteral("-d"), monitor, QStringLiteral("--format=s16le"),
+                   QStringLiteral("--rate=44100"), QStringLiteral("--channels=1"),
+                   QStringLiteral("--latency-msec=20"), QStringLiteral("--raw")});
+    return QTest::qWaitFor([this] { return frames.size() > rate / 10; }, 10000);
+}
+
+void Recorder::catchUp()
+{
+    const double heard = now() + 60;
+    [[maybe_unused]] const bool all
+        = QTest::qWaitFor([this, heard] { return timeOf(frames.size()) > heard; }, 5000);
+}
+
+void Recorder::stop()
+{
+    process.disconnect(this);
+    process.kill();
+    process.waitForFinished();
+}
+
+double Recorder::now()
+{
+    using namespace std::chrono;
+    return duration<double, std::milli>(steady_clock::now().time_since_epoch()).count();
+}
+
+// Chunks come late, never early: the earliest of all tells when the record began.
+void Recorder::take()
+{
+    raw += process.readAllStandardOutput();
+    const qsizetype count = raw.size() / 2;
+    const auto *values = reinterpret_cast<const qint16 *>(raw.constData());
+    frames.append(QList<qint16>(values, values + count));
+    raw.remove(0, count * 2);
+    const double began = now() - msOfFrames(frames.size());
+    earliest = earliest > 0 ? std::min(earliest, began) : began;
+}
+
+double Recorder::timeOf(qsizetype frame) const
+{
+    return earliest + msOfFrames(frame);
+}
+
+qsizetype Recorder::frameAt(double time) const
+{
+    const auto frame = static_cast<qsizetype>((time - earliest) * rate / 1000.0);
+    return std::clamp(frame, qsizetype(0), frames.size());
+}
+
+qsizetype Recorder::firstSound(qsizetype from) const
+{
+    for (qsizetype i = from; i < frames.size(); ++i)
+        if (qAbs(frames.at(i)) > silence)
+            return i;
+    return -1;
+}
+
+qsizetype Recorder::lastSound() const
+{
+    qsizetype i = frames.size() - 1;
+    while (i >= 0 && qAbs(frames.at(i)) <= silence)
+        --i;
+    return i;
+}
+
+double Recorder::longestSilence(qsizetype from, qsizetype to) const
+{
+    qsizetype longest = 0;
+    qsizetype run = 0;
+    for (qsizetype i = from; i < to; ++i) {
+        run = qAbs(frames.at(i)) > silence ? 0 : run + 1;
+        longest = std::max(longest, run);
+    }
+    return msOfFrames(longest);
+}
+
+double Recorder::frequency(qsizetype from, qsizetype to) const
+{
+    double first = -1;
+    double last = -1;
+    int periods = -1;
+    for (qsizetype i = from + 1; i < to; ++i) {
+        const double before = frames.at(i - 1);
+        const double after = frames.at(i);
+        if (before >= 0 || after < 0)
+            continue;
+        last = static_cast<double>(i) - after / (after - before);
+        if (++periods == 0)
+            first = last;
+    }
+    return periods > 0 ? periods * rate / (last - first) : 0;
+}
+
+QList<qsizetype> Recorder::onsets(double silenceMs, qsizetype from) const
+{
+    QList<qsizetype> found;
+    qsizetype lastLoud = -1;
+    for (qsizetype i = from; i < frames.size(); ++i) {
+        if (qAbs(frames.at(i)) <= silence)
+            continue;
+        if (lastLoud < 0 || msOfFrames(i - lastLoud) >= silenceMs)
+            found.append(i);
+        lastLoud = i;
+    }
+    return found;
+}

@@ -1,0 +1,360 @@
+#include "Player.h"
+#include "Recorder.h"
+#include "Samples.h"
+#include "TestMain.h"
+
+#include <QAudioDevice>
+#include <QCoreApplication>
+#include <QMediaDevices>
+#include <QProcess>
+#include <QSignalSpy>
+#include <QThread>
+
+#include <algorithm>
+#include <cmath>
+#include <memory>
+#include <numbers>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int rate = 44100;
+// What is heard needs this long at most to reach the recorder.
+constexpr double recorderMs = 40;
+
+double centsFrom(double hertz, double measured)
+{
+    return 1200.0 * std::log2(measured / hertz);
+}
+
+// What pactl prints; null when it failed.
+QString pactl(const QStringList &arguments)
+{
+    QProcess process;
+    process.start(u"pactl"_qs, arguments);
+    if (!process.waitForFinished() || process.exitCode() != 0)
+        return {};
+    return QString::fromUtf8(process.readAllStandardOutput()).trimmed() + u' ';
+}
+
+bool hasOutput(const QByteArray &id)
+{
+    const QList<QAudioDevice> outputs = QMediaDevices::audioOutputs();
+    return std::any_of(outputs.cbegin(), outputs.cend(),
+                       [&id](const QAudioDevice &device) { return device.id() == id; });
+}
+
+// Stereo samples from a function of the time in seconds to -1.0 to 1.0.
+template <typename Wave> QList<qint16> render(double seconds, Wave wave)
+{
+    QList<qint16> samples;
+    const int frames = static_cast<int>(seconds * rate);
+    samples.reserve(frames * 2);
+    for (int i = 0; i < frames; ++i)
+        samples.insert(samples.size(), 2, static_cast<qint16>(wave(double(i) / rate) * 16000.0));
+    return samples;
+}
+
+double sine(double hertz, double t)
+{
+    return std::sin(2.0 * std::numbers::pi * hertz * t);
+}
+
+} // namespace
+
+// What the listener hears, recorded behind the output.
+class TestPlayerSound : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+    void cleanup();
+
+    void musicStartsSoon();
+    void busyWindowLeavesNoGap();
+    void tempoKeepsThePitch();
+    void startsAtTheRightPlace_data();
+    void startsAtTheRightPlace();
+    void resumesWhereItPaused();
+    void stopIsSilentAtOnce();
+    void partsFollowTheBeat_data();
+    void partsFollowTheBeat();
+    void endIsToldWhenAllWasHeard();
+    void lostOutputIsReplaced();
+
+private:
+    SongPtr tone(double seconds);
+    SongPtr encoded(const QString &name, const QList<qint16> &samples);
+    bool playBeyond(int ms);
+
+    QTemporaryDir directory;
+    std::unique_ptr<Recorder> recorder;
+    std::unique_ptr<Player> player;
+};
+
+void TestPlayerSound::initTestCase()
+{
+    if (qEnvironmentVariable("TARVELO_SESSION") != u"1"_qs)
+        QSKIP("Needs a sound server of its own: run it through scripts/test-session.");
+    QVERIFY2(hasOutput("null"), "the session has no null sink");
+}
+
+void TestPlayerSound::init()
+{
+    player = std::make_unique<Player>();
+    recorder = std::make_unique<Recorder>();
+    QVERIFY(recorder->start());
+}
+
+void TestPlayerSound::cleanup()
+{
+    player.reset();
+    recorder.reset();
+}
+
+SongPtr TestPlayerSound::tone(double seconds)
+{
+    const QString file = directory.filePath(u"tone%1.mp3"_qs.arg(seconds));
+    if (!Samples::writeTone(file, {.seconds = seconds}))
+        return {};
+    const SongPtr song(new Song(file, false));
+    song->setFrequency(rate);
+    song->setChannels(2);
+    return song;
+}
+
+SongPtr TestPlayerSound::encoded(const QString &name, const QList<qint16> &samples)
+{
+    const QString wave = directory.filePath(name + u".wav"_qs);
+    const QString file = directory.filePath(name + u".mp3"_qs);
+    if (!Samples::writeWave(wave, samples) || !Samples::encode(wave, file))
+        return {};
+    const SongPtr song(new Song(file, false));
+    song->setFrequency(rate);
+    song->setChannels(2);
+    return song;
+}
+
+bool TestPlayerSound::playBeyond(int ms)
+{
+    return QTest::qWaitFor([this, ms] { return player->getPlaytime() > ms; }, 30000);
+}
+
+void TestPlayerSound::musicStartsSoon()
+{
+    const SongPtr song = tone(5);
+    for (const char *which : {"first", "second", "third"}) {
+        player->setSong(SongPtr());
+        const double set = Recorder::now();
+        player->setSong(song);
+        const double asked = Recorder::now();
+        player->start();
+        const double returned = Recorder::now();
+        QVERIFY(playBeyond(500));
+        player->stop();
+        recorder->catchUp();
+        const double heard
+            = recorder->timeOf(recorder->firstSound(recorder->frameAt(asked))) - asked;
+        fprintf(stdout, "FIGURE %s start: set song %.0f ms, start() %.0f ms, heard after %.0f ms\n",
+                which, asked - set, returned - asked, heard);
+        QVERIFY2(heard > 0 && heard < 500, qPrintable(QString::number(heard)));
+    }
+}
+
+void TestPlayerSound::busyWindowLeavesNoGap()
+{
+    player->setSong(tone(6));
+    player->start();
+    QVERIFY(playBeyond(500));
+    for (int i = 0; i < 8; ++i) {
+        QThread::msleep(100);
+        QVERIFY(playBeyond(player->getPlaytime() + 300));
+    }
+    QVERIFY(player->isPlaying());
+    recorder->catchUp();
+    player->stop();
+    const double gap = recorder->longestSilence(recorder->firstSound(), recorder->lastSound());
+    fprintf(stdout, "FIGURE longest silence %.1f ms\n", gap);
+    QVERIFY2(gap < 20, qPrintable(QString::number(gap)));
+}
+
+void TestPlayerSound::tempoKeepsThePitch()
+{
+    player->setSong(tone(12));
+    player->start();
+    for (const int percent : {0, 20, -20, 40, -40}) {
+        player->setTempo(percent);
+        QVERIFY(playBeyond(player->getPlaytime() + 500));
+        recorder->catchUp();
+        const double begin = Recorder::now();
+        QVERIFY(playBeyond(player->getPlaytime() + 1000));
+        recorder->catchUp();
+        const double end = Recorder::now() - 2 * recorderMs;
+        const double hertz = recorder->frequency(recorder->frameAt(begin), recorder->frameAt(end));
+        const double cents = centsFrom(440, hertz);
+        fprintf(stdout, "FIGURE tempo %+d%%: %.2f Hz, %+.1f cents\n", percent, hertz, cents);
+        QVERIFY2(qAbs(cents) < 8, qPrintable(QString::number(cents)));
+    }
+    const double gap = recorder->longestSilence(recorder->firstSound(), recorder->lastSound());
+    QVERIFY2(gap < 20, qPrintable(QString::number(gap)));
+}
+
+void TestPlayerSound::startsAtTheRightPlace_data()
+{
+    QTest::addColumn<int>("ms");
+
+    for (const int ms : {500, 3000, 3500, 7750})
+        QTest::addRow("%d ms", ms) << ms;
+}
+
+// Each second of the song has a tone of its own: 300 Hz, 400 Hz …
+void TestPlayerSound::startsAtTheRightPlace()
+{
+    QFETCH(int, ms);
+    player->setSong(encoded(
+        u"seconds"_qs, render(10, [](double t) { return sine(300 + 100 * std::floor(t), t); })));
+    player->startFromPlaytime(ms);
+    QVERIFY(playBeyond(ms + 1500));
+    recorder->catchUp();
+    const int second = ms / 1000;
+    const qsizetype begin = recorder->firstSound();
+    QVERIFY(begin >= 0);
+    const double first = recorder->frequency(begin + rate / 20, begin + rate / 5);
+    QVERIFY2(qAbs(first - (300 + 100 * second)) < 10, qPrintable(QString::number(first)));
+
+    qsizetype change = begin + rate / 20;
+    const qsizetype window = rate / 50;
+    while (change + window < recorder->samples().size()
+           && recorder->frequency(change, change + window) < 350 + 100 * second)
+        change += window / 4;
+    const double lasted = double(change + window / 2 - begin) * 1000 / rate;
+    const double expected = (second + 1) * 1000 - ms;
+    fprintf(stdout, "FIGURE from %d ms: the next second comes %.0f ms late\n", ms,
+            lasted - expected);
+    QVERIFY2(qAbs(lasted - expected) < 60, qPrintable(QString::number(lasted)));
+}
+
+void TestPlayerSound::resumesWhereItPaused()
+{
+    player->setSong(encoded(
+        u"pause"_qs, render(10, [](double t) { return sine(300 + 100 * std::floor(t), t); })));
+    player->start();
+    QVERIFY(playBeyond(4500));
+    player->pause();
+    const int held = player->getPlaytime();
+    recorder->catchUp();
+    const double resumed = Recorder::now();
+    player->resume();
+    QVERIFY(playBeyond(held + 300));
+    recorder->catchUp();
+    const qsizetype begin = recorder->firstSound(recorder->frameAt(resumed));
+    const double hertz = recorder->frequency(begin + rate / 50, begin + rate / 7);
+    QVERIFY2(qAbs(hertz - (300 + 100 * (held / 1000))) < 10, qPrintable(QString::number(hertz)));
+}
+
+void TestPlayerSound::stopIsSilentAtOnce()
+{
+    player->setSong(tone(5));
+    player->start();
+    QVERIFY(playBeyond(500));
+    player->stop();
+    const double stopped = Recorder::now();
+    QTest::qWait(300);
+    recorder->catchUp();
+    const double after = recorder->timeOf(recorder->lastSound()) - stopped;
+    fprintf(stdout, "FIGURE heard %.0f ms beyond the stop\n", after);
+    QVERIFY2(after < 100, qPrintable(QString::number(after)));
+}
+
+void TestPlayerSound::partsFollowTheBeat_data()
+{
+    QTest::addColumn<int>("percent");
+
+    for (const int percent : {0, 20, -20})
+        QTest::addRow("%+d%%", percent) << percent;
+}
+
+// A part begins at each beat of a song that clicks every half second.
+void TestPlayerSound::partsFollowTheBeat()
+{
+    QFETCH(int, percent);
+    constexpr int beats = 24;
+    const SongPtr song = encoded(u"clicks"_qs, render(beats / 2 + 1, [](double t) {
+                                     const double since = t - std::floor(t * 2) / 2;
+                                     return t >= 0.5 && since < 0.03 ? sine(1000, since) : 0.0;
+                                 }));
+    for (int beat = 1; beat <= beats; ++beat)
+        song->getPositions().insert(beat - 1, Position(beat * 500, u"Beat"_qs, QString()));
+    QList<double> told;
+    connect(player.get(), &Player::notifyActivePartChanged, this, [&told](int part) {
+        if (part >= 0)
+            told.append(Recorder::now());
+    });
+    player->setSong(song);
+    player->setTempo(percent);
+    player->start();
+    QVERIFY(playBeyond(beats * 500 + 100));
+    recorder->catchUp();
+
+    const QList<qsizetype> heard = recorder->onsets(200);
+    QCOMPARE(told.size(), beats);
+    QCOMPARE(heard.size(), beats);
+    QList<double> late;
+    for (int beat = 0; beat < beats; ++beat)
+        late.append(told.at(beat) - recorder->timeOf(heard.at(beat)));
+    std::sort(late.begin(), late.end());
+    const double median = late.at(beats / 2);
+    fprintf(stdout, "FIGURE tempo %+d%%: parts %.0f ms after the beat (%.0f to %.0f)\n", percent,
+            median, late.first(), late.last());
+    QVERIFY2(qAbs(median) < 80, qPrintable(QString::number(median)));
+    QVERIFY(late.first() > -100 && late.last() < 150);
+}
+
+void TestPlayerSound::endIsToldWhenAllWasHeard()
+{
+    player->setSong(tone(2));
+    QSignalSpy ended(player.get(), &Player::notifyIsPlayingChanged);
+    player->start();
+    double told = 0;
+    connect(player.get(), &Player::notifyIsPlayingChanged, this, [&] {
+        told = Recorder::now();
+        player->setSong(SongPtr());
+    });
+    QTRY_COMPARE(ended.count(), 2);
+    QTest::qWait(300);
+    recorder->catchUp();
+    const double after = recorder->timeOf(recorder->lastSound()) - told;
+    const double heard
+        = double(recorder->lastSound() - recorder->firstSound()) * 1000 / Recorder::rate;
+    fprintf(stdout, "FIGURE end told %.0f ms after the last sound, %.0f of 2000 ms heard\n", -after,
+            heard);
+    QVERIFY2(qAbs(after) < 150, qPrintable(QString::number(after)));
+    QVERIFY2(heard > 1900, qPrintable(QString::number(heard)));
+}
+
+void TestPlayerSound::lostOutputIsReplaced()
+{
+    const QString module
+        = pactl({u"load-module"_qs, u"module-null-sink"_qs, u"sink_name=other"_qs}).trimmed();
+    QVERIFY(!module.isEmpty());
+    QTRY_VERIFY(hasOutput("other"));
+    QVERIFY(!pactl({u"set-default-sink"_qs, u"other"_qs}).isNull());
+    QTRY_COMPARE(QMediaDevices::defaultAudioOutput().id(), "other");
+    player->setSong(tone(20));
+    player->start();
+    QVERIFY(playBeyond(1000));
+    QVERIFY(!pactl({u"unload-module"_qs, module}).isNull());
+    QTRY_VERIFY(!hasOutput("other"));
+    const int then = player->getPlaytime();
+    QVERIFY(playBeyond(then + 1000));
+    QVERIFY(player->isPlaying());
+    recorder->catchUp();
+    const qsizetype all = recorder->samples().size();
+    QVERIFY(recorder->longestSilence(all - rate / 2, all) < 20);
+}
+
+TARVELO_TEST_MAIN(TestPlayerSound, QCoreApplication)
+#include "tst_playersound.moc"
