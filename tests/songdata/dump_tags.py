@@ -241,12 +241,19 @@ def plain(value):
     return str(value)
 
 
+def without_end(value):
+    """A list of texts without the empty ones behind it: a terminator more or less."""
+    while isinstance(value, list) and value and value[-1] == "":
+        value = value[:-1]
+    return value
+
+
 def content(frame):
     if isinstance(frame, id3.PIC):
         frame = id3.APIC(mime={"JPG": "image/jpeg", "PNG": "image/png"}.get(frame.mime, frame.mime),
                          type=frame.type, desc=frame.desc, data=frame.data)
     specs = list(frame._framespec) + list(frame._optionalspec)
-    return {spec.name: plain(getattr(frame, spec.name, None)) for spec in specs
+    return {spec.name: without_end(plain(getattr(frame, spec.name, None))) for spec in specs
             if spec.name != "encoding"}
 
 
