@@ -1,0 +1,370 @@
+#include "Keyboard.h"
+#include "LibraryPage.h"
+#include "MainWindow.h"
+#include "MessageBoxes.h"
+#include "Player.h"
+#include "PositionsPage.h"
+#include "Recorder.h"
+#include "Samples.h"
+#include "Settings.h"
+#include "Tarvelo.h"
+#include "TestMain.h"
+
+#include <QApplication>
+#include <QDirIterator>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+
+#include <algorithm>
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+using Settings::Key;
+
+namespace {
+
+// What is heard reaches the recorder this much late, at most.
+constexpr double recorderMs = 40;
+
+struct Row
+{
+    int part;
+    int marked;  // row of the page at that moment
+    double time; // Recorder::now()
+};
+
+// The moment within reach of a time at which the sound rises most: the beat there.
+double beatNear(const Recorder &recorder, double time, double reachMs)
+{
+    constexpr qsizetype window = Recorder::rate / 200; // 5 ms
+    const qsizetype from = recorder.frameAt(time - reachMs);
+    const qsizetype to = std::min(recorder.frameAt(time + reachMs), recorder.samples().size());
+    double best = -1;
+    double before = 1e9;
+    qsizetype place = from;
+    for (qsizetype frame = from; frame + window <= to; frame += window) {
+        double energy = 0;
+        for (qsizetype i = frame; i < frame + window; ++i)
+            energy += std::abs(double(recorder.samples().at(i)));
+        if (energy - before > best && frame > from) {
+            best = energy - before;
+            place = frame;
+        }
+        before = energy;
+    }
+    return recorder.timeOf(place);
+}
+
+} // namespace
+
+// Start, choose, play, read the steps: with the keys of the screen and the sound of the server.
+class TestPlay : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+    void cleanup();
+
+    void markedRowFollowsTheMusic();
+    void tempoKeysActAtOnceAndKeepThePitch();
+    void numberKeysJump();
+    void pauseSeekAndStop();
+    void everyFileNamePlays_data();
+    void everyFileNamePlays();
+    void corpusMusicPlays_data();
+    void corpusMusicPlays();
+
+private:
+    void start(const QString &musicDir);
+    bool choose(const QString &fileName);
+    bool press(const QString &key) { return Keyboard::press({key}); }
+    Player *player() const { return tarvelo->getPlayer(); }
+
+    QTemporaryDir demo;
+    QJsonArray demoSongs;
+    QTemporaryDir other;
+    std::unique_ptr<Tarvelo> tarvelo;
+    std::unique_ptr<MainWindow> window;
+    std::unique_ptr<Recorder> recorder;
+    QList<Row> rows;
+};
+
+void TestPlay::initTestCase()
+{
+    if (!qEnvironmentVariableIsSet("TARVELO_SESSION"))
+        QSKIP("needs scripts/test-session");
+    QCOMPARE(QProcess::execute(QStringLiteral(TARVELO_DEMO), {demo.path()}), 0);
+    QFile file(demo.filePath(u"demo.json"_qs));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    demoSongs = QJsonDocument::fromJson(file.readAll()).object()[u"songs"].toArray();
+    QVERIFY(demoSongs.size() >= 5);
+}
+
+void TestPlay::init()
+{
+    Settings::factoryReset();
+    Settings::setValue(Key::Version, u"8.0.0"_qs);
+    Settings::setValue(Key::Language, u"de_DE"_qs);
+    Settings::setValue(Key::FontSize, 15);
+    Settings::setValue(Key::MaxFontSizeLyrics, 70);
+    Settings::setValue(Key::ShowPartColumn, true);
+    setBoxRunner([](QMessageBox &box) {
+        qWarning() << "Unexpected box:" << box.text();
+        return QMessageBox::Ok;
+    });
+    recorder = std::make_unique<Recorder>();
+    QVERIFY(recorder->start());
+}
+
+void TestPlay::cleanup()
+{
+    recorder.reset();
+    window.reset();
+    tarvelo.reset();
+    setBoxRunner({});
+}
+
+void TestPlay::start(const QString &musicDir)
+{
+    Settings::setValue(Key::MusicDir, musicDir);
+    tarvelo = std::make_unique<Tarvelo>();
+    window = std::make_unique<MainWindow>(tarvelo.get());
+    window->decoupledStartActions();
+    window->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(window.get()));
+    rows.clear();
+    connect(player(), &Player::notifyActivePartChanged, this, [this](int part) {
+        const auto *page = window->findChild<PositionsPage *>();
+        rows.append({part, page->selectedPositionsRow(), Recorder::now()});
+    });
+}
+
+// Goes down the list by keys until the file is the selected song.
+bool TestPlay::choose(const QString &fileName)
+{
+    const auto *library = window->findChild<LibraryPage *>();
+    if (!press(u"Home"_qs))
+        return false;
+    SongPtr before;
+    while (library->selectedSong() && library->selectedSong() != before) {
+        before = library->selectedSong();
+        if (before->getFilename().endsWith(fileName))
+            return true;
+        if (!press(u"Down"_qs))
+            return false;
+    }
+    return false;
+}
+
+void TestPlay::markedRowFollowsTheMusic()
+{
+    const QJsonObject song = demoSongs.at(0).toObject();
+    start(demo.path());
+    QVERIFY(choose(song[u"file"].toString()));
+    QVERIFY(press(u"Return"_qs));
+    QTRY_COMPARE(window->currentScreen(), static_cast<int>(PositionsScreen));
+    QVERIFY(press(u"p"_qs));
+    QTRY_VERIFY(player()->isPlaying());
+    QTRY_VERIFY_WITH_TIMEOUT(player()->getPlaytime() > 30000, 40000);
+    QVERIFY(press(u"s"_qs));
+    QTRY_VERIFY(!player()->isPlaying());
+    recorder->catchUp();
+
+    const QJsonArray parts = song[u"parts"].toArray();
+    QVERIFY(rows.size() >= 3);
+    QList<double> offsets;
+    for (const Row &row : std::as_const(rows)) {
+        if (row.part < 0)
+            continue;
+        QCOMPARE(row.marked, row.part);
+        const double beat = beatNear(*recorder, row.time, 140);
+        offsets.append(row.time - beat);
+        QVERIFY2(std::abs(row.time - beat) < 130, qPrintable(QString::number(row.time - beat)));
+    }
+    qInfo() << "Row change after the beat in ms:" << offsets;
+    QVERIFY(offsets.size() >= 3 && offsets.size() <= parts.size());
+    // The recording holds the music, and no gap.
+    const qsizetype first = recorder->firstSound();
+    QVERIFY(first >= 0);
+    const qsizetype last = recorder->lastSound();
+    QVERIFY(recorder->timeOf(last) - recorder->timeOf(first) > 29000);
+    QVERIFY2(recorder->longestSilence(first, last) < 150,
+             qPrintable(QString::number(recorder->longestSilence(first, last))));
+}
+
+void TestPlay::tempoKeysActAtOnceAndKeepThePitch()
+{
+    const QTemporaryDir music;
+    QVERIFY(Samples::writeTone(music.filePath(u"tone.mp3"_qs), {.seconds = 20.0}));
+    start(music.path());
+    QVERIFY(choose(u"tone.mp3"_qs));
+    QVERIFY(Keyboard::press({u"Return"_qs, u"p"_qs}));
+    QTRY_VERIFY(player()->getPlaytime() > 1500);
+    for (int i = 0; i < 10; ++i)
+        QVERIFY(press(u"plus"_qs));
+    QCOMPARE(window->getTempo(), 10);
+    QCOMPARE(qRound(player()->getTempo()), 10);
+    const double fast = Recorder::now();
+    QTest::qWait(1500);
+    for (int i = 0; i < 25; ++i)
+        QVERIFY(press(u"minus"_qs));
+    QCOMPARE(window->getTempo(), -15);
+    const double slow = Recorder::now();
+    QTest::qWait(1500);
+    QVERIFY(press(u"s"_qs));
+    recorder->catchUp();
+    for (const double begin : {fast, slow}) {
+        const double hertz
+            = recorder->frequency(recorder->frameAt(begin + 300), recorder->frameAt(begin + 1400));
+        const double cents = 1200.0 * std::log2(hertz / 440.0);
+        qInfo() << "Pitch off by cents:" << cents;
+        QVERIFY2(std::abs(cents) < 3, qPrintable(QString::number(hertz)));
+    }
+    QVERIFY(recorder->longestSilence(recorder->firstSound(), recorder->lastSound()) < 5);
+}
+
+void TestPlay::numberKeysJump()
+{
+    const QJsonObject song = demoSongs.at(0).toObject();
+    start(demo.path());
+    QVERIFY(choose(song[u"file"].toString()));
+    QVERIFY(press(u"Return"_qs));
+    for (const int part : {3, 1, 5}) {
+        QVERIFY(press(QString::number(part)));
+        const int ms = song[u"parts"].toArray().at(part - 1).toObject()[u"ms"].toInt();
+        QTRY_VERIFY(player()->isPlaying());
+        QTRY_COMPARE(window->findChild<PositionsPage *>()->selectedPositionsRow(), part - 1);
+        QVERIFY(player()->getPlaytime() > ms);
+        QVERIFY(player()->getPlaytime() < ms + 2000);
+    }
+    // Beyond the last part the song starts at its beginning.
+    QVERIFY(press(u"ctrl+0"_qs));
+    QTRY_VERIFY(player()->getPlaytime() < 1500);
+    QVERIFY(player()->isPlaying());
+    // On screen F1 the numbers go on working.
+    QVERIFY(Keyboard::press({u"F1"_qs, u"2"_qs}));
+    QTRY_VERIFY(rows.constLast().part == 1);
+    QCOMPARE(window->currentScreen(), static_cast<int>(LibraryScreen));
+    QVERIFY(Keyboard::press({u"F2"_qs, u"s"_qs}));
+    QTRY_VERIFY(!player()->isPlaying());
+    QTRY_COMPARE(window->findChild<PositionsPage *>()->selectedPositionsRow(), -1);
+}
+
+void TestPlay::pauseSeekAndStop()
+{
+    start(demo.path());
+    QVERIFY(choose(demoSongs.at(0).toObject()[u"file"].toString()));
+    QVERIFY(Keyboard::press({u"Return"_qs, u"p"_qs}));
+    QTRY_VERIFY(player()->getPlaytime() > 1000);
+    // In the first five seconds there is nothing to go back to.
+    QVERIFY(press(u"Left"_qs));
+    QVERIFY(player()->getPlaytime() >= 1000);
+    QVERIFY(press(u"Right"_qs));
+    QTRY_VERIFY(player()->getPlaytime() >= 6000);
+    QVERIFY(player()->getPlaytime() < 8500);
+    QVERIFY(press(u"Left"_qs));
+    QTRY_VERIFY(player()->getPlaytime() < 5000);
+
+    QVERIFY(press(u"a"_qs));
+    QTRY_VERIFY(!player()->isPlaying());
+    QVERIFY(window->isPaused());
+    const int place = player()->getPlaytime();
+    QTest::qWait(300);
+    recorder->catchUp();
+    const double quiet = Recorder::now();
+    QTest::qWait(500);
+    recorder->catchUp();
+    QVERIFY(recorder->timeOf(recorder->lastSound()) < quiet);
+    QCOMPARE(player()->getPlaytime(), place);
+    QVERIFY(press(u"a"_qs));
+    QTRY_VERIFY(player()->isPlaying());
+    QTRY_VERIFY(player()->getPlaytime() > place);
+    QVERIFY(player()->getPlaytime() < place + 1500);
+
+    QVERIFY(press(u"s"_qs));
+    QTRY_VERIFY(!player()->isPlaying());
+    QCOMPARE(player()->getPlaytime(), 0);
+    const double stopped = Recorder::now();
+    QTest::qWait(600);
+    recorder->catchUp();
+    QVERIFY2(recorder->timeOf(recorder->lastSound()) < stopped + recorderMs,
+             qPrintable(QString::number(recorder->timeOf(recorder->lastSound()) - stopped)));
+    // Not playing, the arrows seek nothing.
+    QVERIFY(press(u"Right"_qs));
+    QCOMPARE(player()->getPlaytime(), 0);
+}
+
+void TestPlay::everyFileNamePlays_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::newRow("hash") << u"Song #1.mp3"_qs;
+    QTest::newRow("percent") << u"50%20 100%.mp3"_qs;
+    QTest::newRow("question mark") << u"Who?.mp3"_qs;
+    QTest::newRow("blanks") << u"  two  blanks .mp3"_qs;
+    QTest::newRow("combining accents") << u"Cafe\u0301 U\u0308ber.mp3"_qs;
+    QTest::newRow("emoji") << u"\U0001F57A dance \U0001F45E.mp3"_qs;
+    QTest::newRow("longest") << QString(251, u'x') + u".mp3"_qs;
+    QTest::newRow("longest of several bytes") << QString(125, u'ü') + u"x.mp3"_qs;
+    QTest::newRow("capital suffix") << u"LOUD.MP3"_qs;
+}
+
+void TestPlay::everyFileNamePlays()
+{
+    QFETCH(QString, name);
+    const QTemporaryDir music;
+    const QString sample = other.filePath(u"tone.mp3"_qs);
+    QVERIFY(QFile::exists(sample) || Samples::writeTone(sample, {.seconds = 3.0}));
+    QVERIFY(QFile::copy(sample, music.filePath(name)));
+    start(music.path());
+    QVERIFY(choose(name));
+    const double pressed = Recorder::now();
+    QVERIFY(press(u"p"_qs));
+    QTRY_VERIFY(player()->getPlaytime() > 800);
+    recorder->catchUp();
+    const qsizetype first = recorder->firstSound(recorder->frameAt(pressed));
+    QVERIFY(first >= 0);
+    QVERIFY(recorder->longestSilence(first, recorder->lastSound()) < 5);
+}
+
+void TestPlay::corpusMusicPlays_data()
+{
+    QTest::addColumn<QString>("file");
+    if (corpusDirectory().isEmpty())
+        return;
+    QDirIterator files(corpusDirectory() + u"/music"_qs, {u"*.mp3"_qs}, QDir::Files);
+    while (files.hasNext()) {
+        const QString file = files.next();
+        QTest::newRow(qPrintable(QFileInfo(file).fileName())) << file;
+    }
+}
+
+void TestPlay::corpusMusicPlays()
+{
+    if (corpusDirectory().isEmpty())
+        QSKIP("TARVELO_CORPUS isn't set");
+    QFETCH(QString, file);
+    const QTemporaryDir music;
+    QVERIFY(QFile::copy(file, music.filePath(QFileInfo(file).fileName())));
+    start(music.path());
+    QVERIFY(choose(QFileInfo(file).fileName()));
+    QVERIFY(Keyboard::press({u"Return"_qs, u"p"_qs}));
+    QTRY_VERIFY(player()->getPlaytime() > 500);
+    QVERIFY(Keyboard::press({u"Right"_qs, u"Right"_qs, u"Right"_qs}));
+    QTRY_VERIFY(player()->getPlaytime() > 16500);
+    const double begin = Recorder::now() - 1000;
+    QTRY_VERIFY(player()->getPlaytime() > 18500);
+    QVERIFY(press(u"s"_qs));
+    recorder->catchUp();
+    const qsizetype from = recorder->frameAt(begin);
+    const qsizetype to = recorder->frameAt(Recorder::now() - 300);
+    QVERIFY(recorder->firstSound(from) >= 0);
+    QVERIFY2(recorder->longestSilence(from, std::min(to, recorder->lastSound())) < 400,
+             qPrintable(QString::number(recorder->longestSilence(from, to))));
+}
+
+TARVELO_TEST_MAIN(TestPlay, QApplication)
+#include "tst_Play.moc"
