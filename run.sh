@@ -102,6 +102,10 @@ fi
 
 make_demo
 write_settings
+# Root leaves them to the owner of the checkout.
+if [[ $(id -u) -eq 0 ]]; then
+    chown -R --reference=. build/demo build/run
+fi
 cd build/run
 if has_screen; then
     exec "$program"
