@@ -76,7 +76,8 @@ bool SongPositions::hasPositions(const QJsonObject &object)
 void SongPositions::fromJson(const QJsonObject &object)
 {
     positions.clear();
-    for (const QJsonValue &value : object.value(u"positions").toArray()) {
+    const QJsonArray entries = object.value(u"positions").toArray();
+    for (const auto &value : entries) {
         const QJsonObject entry = value.toObject();
         positions.append(Position(static_cast<int>(entry.value(u"timestamp").toInteger(0)),
                                   entry.value(u"part").toString(),

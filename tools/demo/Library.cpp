@@ -32,7 +32,7 @@ QString encode(const Score &score, const QString &path)
                            score.channels == 1 ? u"m"_s : u"j"_s, u"--cbr"_s, u"-b"_s, u"160"_s,
                            u"-q"_s, u"7"_s, u"-"_s, path});
     lame.write(reinterpret_cast<const char *>(samples.data()),
-               static_cast<qint64>(samples.size() * sizeof(std::int16_t)));
+               static_cast<qint64>(samples.size()) * qint64(sizeof(std::int16_t)));
     lame.closeWriteChannel();
     if (!lame.waitForFinished(120000) || lame.exitCode() != 0)
         return u"lame could not write %1: %2 %3"_s.arg(
