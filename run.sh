@@ -110,4 +110,5 @@ cd build/run
 if has_screen; then
     exec "$program"
 fi
-exec "$root/scripts/test-session" "$root/scripts/play-demo" "$program" "$root/build/run/shots"
+exec "$root/scripts/test-session" "$root/scripts/play-demo" "$program" \
+    "$root/build/demo" "$root/build/run/shots"
