@@ -16,8 +16,8 @@ endif()
 add_library(tarvelo_rules INTERFACE)
 target_compile_options(tarvelo_rules INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wold-style-cast
-    -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align -Wduplicated-cond
-    -Wlogical-op -Wimplicit-fallthrough -Werror)
+    -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align -Wimplicit-fallthrough -Werror
+    $<$<CXX_COMPILER_ID:GNU>:-Wduplicated-cond;-Wlogical-op>)
 target_compile_definitions(tarvelo_rules INTERFACE
     QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_CAST_FROM_BYTEARRAY
     QT_NO_URL_CAST_FROM_STRING QT_NO_NARROWING_CONVERSIONS_IN_CONNECT

@@ -10,6 +10,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <numeric>
 
 namespace {
 
@@ -217,10 +218,19 @@ void PositionsPage::fillRow(int row, const PositionsRow &texts, const ShownColum
 
 void PositionsPage::setColumnWidths(const PositionsExtent &extent, const QFont &font)
 {
+    std::array<int, PositionsColumnCount> widths{};
+    std::transform(
+        extent.widest.begin(), extent.widest.end(), widths.begin(),
+        [&font](const QString &text) { return singleLineWidth(font, text) + columnPadding; });
+    // What the cells leave over goes to headings that are wider than their column.
+    int spare = tableWidgetPositions->horizontalHeader()->width()
+                - std::accumulate(widths.begin(), widths.end(), 0);
     for (int column = 0; column < PositionsColumnCount; ++column) {
-        const QString &text = extent.widest[static_cast<std::size_t>(column)];
-        const int width = singleLineWidth(font, text) + columnPadding;
-        tableWidgetPositions->setColumnWidth(column, std::max(width, fitHeading(column, width)));
+        int &width = widths[static_cast<std::size_t>(column)];
+        const int more = std::clamp(fitHeading(column, width) - width, 0, std::max(spare, 0));
+        spare -= more;
+        width += more;
+        tableWidgetPositions->setColumnWidth(column, width);
     }
 }
 
