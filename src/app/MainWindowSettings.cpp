@@ -65,7 +65,8 @@ void MainWindow::restoreWindow()
 
 void MainWindow::applySettings()
 {
-    frameTop->setFixedHeight(settings.number(Key::FrameHeight));
+    frameTop->setFrameHeight(settings.number(Key::FrameHeight));
+    buttonFrame->setFrameHeight(settings.number(Key::FrameHeight));
     settingsPage->setFrameSize(settings.number(Key::FrameHeight));
     buttonFrame->setTimeDisplayMode(settings.number(Key::TimeDisplayMode));
     settingsPage->setFontSize(settings.number(Key::FontSize));
