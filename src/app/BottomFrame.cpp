@@ -1,5 +1,6 @@
 #include "BottomFrame.h"
 
+#include "PixelFont.h"
 #include "Screens.h"
 
 #include <QHBoxLayout>
@@ -9,18 +10,6 @@ namespace {
 
 constexpr const char *screenButtonNames[screenCount]
     = {"buttonList", "buttonPositions", "buttonPDF", "buttonSettings", "buttonHelp"};
-
-void setPixelSize(QWidget *widget, int pixels)
-{
-    widget->setStyleSheet(QStringLiteral("font-size: %1px;").arg(pixels));
-}
-
-int widthAt(const QWidget *widget, int pixels, const QString &text)
-{
-    QFont font = widget->font();
-    font.setPixelSize(pixels);
-    return QFontMetrics(font).horizontalAdvance(text);
-}
 
 } // namespace
 

@@ -1,5 +1,6 @@
 #include "TopFrame.h"
 
+#include "PixelFont.h"
 #include "Screens.h"
 
 #include <QHBoxLayout>
@@ -9,12 +10,6 @@
 #include <QToolButton>
 
 namespace {
-
-void setPixelSize(QWidget *widget, int pixels)
-{
-    // A widget's font gives way to the application's style sheet, its own sheet doesn't.
-    widget->setStyleSheet(QStringLiteral("font-size: %1px;").arg(pixels));
-}
 
 template <typename Widget> Widget *named(const char *name, QWidget *parent)
 {
