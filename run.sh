@@ -13,13 +13,15 @@ program=$root/build/release/src/app/tarvelo
 
 has_screen() { [[ -n ${DISPLAY:-}${WAYLAND_DISPLAY:-} ]]; }
 
-# Settings that ask nothing. Written once, so that what is changed in the program stays; only the
-# directories are put right at every start.
+# Settings that ask nothing, in a store of their own: the user's is never touched, whatever is done
+# in the program. Written once, so that what is changed there stays.
 write_settings() {
-    mkdir -p build/run/playlists build/run/cache
+    local store="build/run/config/Tarvelo Soft/Tarvelo.conf"
+    grep -qsxF "musicDir=$root/build/demo" "$store" && return
+    mkdir -p build/run/playlists build/run/cache "$(dirname "$store")"
     local language=en_US intermediate='Intermediate+'
     [[ ${LC_ALL:-${LC_MESSAGES:-${LANG:-}}} == de* ]] && language=de_DE intermediate='High Intermediate'
-    [[ -f build/run/Tarvelo.ini ]] || cat >build/run/Tarvelo.ini <<INI
+    cat >"$store" <<INI
 [General]
 version=8.0.0
 fontSize=20
@@ -54,23 +56,12 @@ cloudOn=0
 cloudUserData=0
 stepEditInheritChanges=true
 stepEditAutoSave=true
-cacheDir=
-cuesheetDir=
-musicDir=
-playlistDir=
-posImExDir=
+cacheDir=$root/build/run/cache
+cuesheetDir=$root/build/run
+musicDir=$root/build/demo
+playlistDir=$root/build/run/playlists
+posImExDir=$root/build/run
 INI
-    local key directory
-    while read -r key directory; do
-        directory=${directory//\\/\\\\}
-        sed -i "s|^$key=.*|$key=\"$(sed 's/[&|\\]/\\&/g' <<<"$directory")\"|" build/run/Tarvelo.ini
-    done <<KEYS
-musicDir $root/build/demo
-playlistDir $root/build/run/playlists
-cacheDir $root/build/run/cache
-cuesheetDir $root/build/run
-posImExDir $root/build/run
-KEYS
 }
 
 make_demo() {
@@ -107,8 +98,9 @@ if [[ $(id -u) -eq 0 ]]; then
     chown -R --reference=. build/demo build/run
 fi
 cd build/run
+own_store=(env "XDG_CONFIG_HOME=$PWD/config" "XDG_DATA_HOME=$PWD/data")
 if has_screen; then
-    exec "$program"
+    exec "${own_store[@]}" "$program"
 fi
-exec "$root/scripts/test-session" "$root/scripts/play-demo" "$program" \
+exec "$root/scripts/test-session" "${own_store[@]}" "$root/scripts/play-demo" "$program" \
     "$root/build/demo" "$root/build/run/shots"
