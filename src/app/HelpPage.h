@@ -4,7 +4,7 @@
 
 class QTextBrowser;
 
-// The help screen: the keys, straight from the key table, and what the program is.
+// The help screen: the keys that work, and what the program is.
 class HelpPage : public QTabWidget
 {
     Q_OBJECT

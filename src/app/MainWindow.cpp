@@ -19,6 +19,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QMenu>
+#include <QScopedValueRollback>
 #include <QScreen>
 #include <QStackedWidget>
 #include <QStyleFactory>
@@ -109,21 +110,22 @@ void MainWindow::addColumnActions(QMenu *menu)
     struct Row
     {
         const char *text;
-        QKeySequence shortcut;
-        void (PositionsPage::*toggle)();
+        Qt::Key key;
+        PositionsColumn column;
     };
-    const Row rows[] = {
-        {QT_TR_NOOP("Spalte mit Parts anzeigen"), Qt::CTRL | Qt::Key_P,
-         &PositionsPage::togglePartCol},
-        {QT_TR_NOOP("Spalte mit Beats anzeigen"), Qt::CTRL | Qt::Key_B,
-         &PositionsPage::toggleBeatCol},
-        {QT_TR_NOOP("Spalte mit Zeitpunkt anzeigen"), Qt::CTRL | Qt::Key_T,
-         &PositionsPage::toggleTimeCol},
+    constexpr Row rows[] = {
+        {QT_TR_NOOP("Spalte mit Parts anzeigen"), Qt::Key_P, PartColumn},
+        {QT_TR_NOOP("Spalte mit Beats anzeigen"), Qt::Key_B, BeatsColumn},
+        {QT_TR_NOOP("Spalte mit Zeitpunkt anzeigen"), Qt::Key_T, TimeColumn},
     };
     for (const Row &row : rows) {
-        QAction *action = menu->addAction(tr(row.text), positionsPage, row.toggle);
-        action->setShortcut(row.shortcut);
+        QAction *action = menu->addAction(tr(row.text));
+        action->setShortcut(Qt::CTRL | row.key);
         action->setCheckable(true);
+        action->setData(row.column);
+        connect(action, &QAction::toggled, positionsPage, [this, column = row.column](bool shown) {
+            positionsPage->setColumnShown(column, shown);
+        });
         actionTexts.insert(action, row.text);
         columnActions.append(action);
     }
@@ -172,8 +174,10 @@ void MainWindow::createConnections()
     connect(settingsPage, &SettingsPage::musicDirChosen, this, &MainWindow::changeMusicDir);
     connect(settingsPage, &SettingsPage::fontSizeChanged, this, &MainWindow::changeFontSize);
     connect(settingsPage, &SettingsPage::frameSizeChanged, this, &MainWindow::changeFrameSize);
-    connect(settingsPage, &SettingsPage::maxFontSizePositionsChanged, positionsPage,
-            &PositionsPage::setMaxFontSize);
+    connect(settingsPage, &SettingsPage::maxFontSizePositionsChanged, this, [this](int points) {
+        positionsPage->setMaxFontSize(points);
+        takeFocusBack();
+    });
 }
 
 void MainWindow::showFirstScreen()
@@ -211,6 +215,7 @@ void MainWindow::warnOfMissingLanguages()
 
 void MainWindow::refreshMusicList()
 {
+    const QScopedValueRollback<bool> busy(scanning, true);
     auto *splash = new TarveloSplashScreen(this);
     splash->show();
     const SongManager *songs = app->getSongManager();
@@ -218,12 +223,15 @@ void MainWindow::refreshMusicList()
     connect(songs, &SongManager::notifySongScanned, splash,
             &TarveloSplashScreen::setSplashProgress);
     app->rescan();
-    splash->close();
+    splash->finish();
     splash->deleteLater();
 }
 
+// The splash screen runs the event loop: what comes in meanwhile must not scan again.
 void MainWindow::refreshAllLists()
 {
+    if (scanning)
+        return;
     refreshMusicList();
     selectNoneInLibrary();
 }

@@ -62,7 +62,7 @@ public Q_SLOTS:
 
     // Makes the selected song the current one.
     void loadCurrentSong();
-    void setCurrentSong(const SongPtr &song);
+    void setCurrentSong(SongPtr song);
     void selectNoneInLibrary();
 
 protected:
@@ -120,8 +120,7 @@ private:
     SongPtr currentSong;
     int tempo = 0;
     bool paused = false;
-    // True around calls that stop and restart the player, which aren't the song's end.
-    bool ignoreStop = false;
+    bool scanning = false;
 
     double screenDpi = -1.0;
     SongListTableModel *model = nullptr;
@@ -135,5 +134,5 @@ private:
     HelpPage *helpPage = nullptr;
     QList<QMenu *> screenMenus;                 // one a screen
     QHash<QAction *, const char *> actionTexts; // source texts, for a change of language
-    QList<QAction *> columnActions;
+    QList<QAction *> columnActions;             // checked: the column is wanted; parts, beats, time
 };

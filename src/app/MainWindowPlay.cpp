@@ -9,7 +9,7 @@
 #include "TempoTexts.h"
 #include "TimeTexts.h"
 
-#include <QScopedValueRollback>
+#include <QAction>
 #include <QtDebug>
 
 void MainWindow::carryOut(const KeyCommand &key)
@@ -54,7 +54,7 @@ void MainWindow::carryOut(const KeyCommand &key)
     case Command::Stop:
         return onButtonStop_clicked();
     case Command::TogglePartColumn:
-        return positionsPage->togglePartCol();
+        return columnActions.constFirst()->trigger();
     case Command::Rescan:
         return refreshAllLists();
     case Command::Quit:
@@ -70,7 +70,6 @@ void MainWindow::seek(int ms)
     const bool possible = ms < 0 ? now >= -ms : now + ms < player->getPlaytimeTotal();
     if (!possible)
         return;
-    const QScopedValueRollback<bool> noEnd(ignoreStop, true);
     player->startFromPlaytime(now + ms);
 }
 
@@ -78,7 +77,6 @@ void MainWindow::startFromPart(int row)
 {
     if (!currentSong)
         return;
-    const QScopedValueRollback<bool> noEnd(ignoreStop, true);
     player->startFromPart(row);
     takeFocusBack();
 }
@@ -115,7 +113,6 @@ void MainWindow::onButtonPlayPause_clicked()
 void MainWindow::onButtonStop_clicked()
 {
     paused = false;
-    const QScopedValueRollback<bool> noEnd(ignoreStop, true);
     player->stop();
     takeFocusBack();
 }
@@ -150,12 +147,18 @@ void MainWindow::loadCurrentSong()
     const SongPtr selected = libraryPage->selectedSong();
     if (selected && selected != currentSong)
         setCurrentSong(selected);
+    else if (!selected && !currentSong)
+        selectNoneInLibrary();
 }
 
-void MainWindow::setCurrentSong(const SongPtr &song)
+// The player runs the event loop while it decodes: by the time it returns another song may have
+// been chosen, and then this one's part is over.
+void MainWindow::setCurrentSong(SongPtr song)
 {
     currentSong = song;
     player->setSong(song);
+    if (currentSong != song)
+        return;
     setTempo(song ? static_cast<int>(song->getTempo()) : 0);
     positionsPage->setSong(song);
     choreographyPage->setSongPresent(!song.isNull());
@@ -178,6 +181,9 @@ void MainWindow::on_newTimeStamp(int ms)
 
 void MainWindow::on_playStatusChanged(bool playing)
 {
+    // A part or a time can be played out of a pause as well.
+    if (playing)
+        paused = false;
     qDebug().noquote() << (playing ? "Playing" : "Not playing")
                        << (currentSong ? currentSong->getFilename() : QString());
 }

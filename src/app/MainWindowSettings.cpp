@@ -72,13 +72,12 @@ void MainWindow::applySettings()
     settingsPage->setFontSize(settings.number(Key::FontSize));
     settingsPage->setMaxFontSizePositions(settings.number(Key::MaxFontSizeLyrics));
     settingsPage->setMusicDir(settings.text(Key::MusicDir));
-    constexpr std::pair<PositionsColumn, Key> columns[] = {{PartColumn, Key::ShowPartColumn},
-                                                           {BeatsColumn, Key::ShowBeatColumn},
-                                                           {TimeColumn, Key::ShowTimeColumn}};
-    for (std::size_t i = 0; i < std::size(columns); ++i) {
-        const bool shown = settings.flag(columns[i].second);
-        positionsPage->setColumnShown(columns[i].first, shown);
-        columnActions.at(static_cast<qsizetype>(i))->setChecked(shown);
+    constexpr Key columnKeys[] = {Key::ShowPartColumn, Key::ShowBeatColumn, Key::ShowTimeColumn};
+    for (std::size_t i = 0; i < std::size(columnKeys); ++i) {
+        QAction *action = columnActions.at(static_cast<qsizetype>(i));
+        action->setChecked(settings.flag(columnKeys[i]));
+        positionsPage->setColumnShown(static_cast<PositionsColumn>(action->data().toInt()),
+                                      action->isChecked());
     }
     positionsPage->setMaxFontSize(settingsPage->maxFontSizePositions());
     positionsPage->setVerticalAlignment(
@@ -126,9 +125,12 @@ int MainWindow::adaptToFrameHeight(int height)
 void MainWindow::changeFontSize(int points)
 {
     settings.set(Key::FontSize, points);
-    applyTheme();
-    if (!startingUp)
-        adaptToFrameHeight(frameTop->height());
+    if (startingUp)
+        return;
+    // Applying a theme is the longest that the window is ever busy: once is enough.
+    if (adaptToFrameHeight(frameTop->height()) != frameTop->height())
+        applyTheme();
+    takeFocusBack();
 }
 
 void MainWindow::changeFrameSize(int pixels)
@@ -137,6 +139,7 @@ void MainWindow::changeFrameSize(int pixels)
         return;
     adaptToFrameHeight(pixels);
     saveSettings();
+    takeFocusBack();
 }
 
 void MainWindow::changeMusicDir(const QString &directory)
@@ -162,9 +165,9 @@ void MainWindow::collectSettings()
     settings.set(Key::FontSize, settingsPage->fontSize());
     settings.set(Key::MaxFontSizeLyrics, settingsPage->maxFontSizePositions());
     settings.set(Key::FrameHeight, frameTop->height());
-    settings.set(Key::ShowPartColumn, positionsPage->isColumnShown(PartColumn));
-    settings.set(Key::ShowBeatColumn, positionsPage->isColumnShown(BeatsColumn));
-    settings.set(Key::ShowTimeColumn, positionsPage->isColumnShown(TimeColumn));
+    settings.set(Key::ShowPartColumn, columnActions.at(0)->isChecked());
+    settings.set(Key::ShowBeatColumn, columnActions.at(1)->isChecked());
+    settings.set(Key::ShowTimeColumn, columnActions.at(2)->isChecked());
     settings.set(Key::LyricsFullPage, frameTop->isFullWidth());
     settings.set(Key::TimeDisplayMode, buttonFrame->timeDisplayMode());
     settings.set(Key::Language, QLocale().name());

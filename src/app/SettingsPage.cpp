@@ -17,6 +17,8 @@ QSpinBox *spinBox(QWidget *parent, const char *name, int minimum, int maximum)
     box->setRange(minimum, maximum);
     box->setAlignment(Qt::AlignRight);
     box->setFocusPolicy(Qt::ClickFocus);
+    // A number counts when it is typed to its end; then the keys belong to the window again.
+    box->setKeyboardTracking(false);
     return box;
 }
 

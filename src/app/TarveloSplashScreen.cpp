@@ -3,6 +3,7 @@
 #include "Settings.h"
 
 #include <QApplication>
+#include <QCloseEvent>
 #include <QFrame>
 #include <QLabel>
 #include <QProgressBar>
@@ -93,6 +94,17 @@ void TarveloSplashScreen::setSplashProgress(int value, const QString &fileName, 
     labelSplashProgress->setText(
         QStringLiteral("%4 %1%3\n%2").arg(QString::number(value), fileName, mark, word));
     QCoreApplication::processEvents();
+}
+
+void TarveloSplashScreen::finish()
+{
+    finished = true;
+    close();
+}
+
+void TarveloSplashScreen::closeEvent(QCloseEvent *event)
+{
+    event->setAccepted(finished);
 }
 
 void TarveloSplashScreen::resizeEvent(QResizeEvent *event)

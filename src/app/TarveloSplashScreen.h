@@ -13,6 +13,8 @@ class TarveloSplashScreen : public QDialog
 
 public:
     explicit TarveloSplashScreen(QWidget *parent = nullptr);
+    // Closes it; before that neither Esc nor the window manager does.
+    void finish();
 
 public Q_SLOTS:
     // Number of files that the scan reads.
@@ -20,7 +22,10 @@ public Q_SLOTS:
     // File number value has been read; runs the event loop so that it shows.
     void setSplashProgress(int value, const QString &fileName, bool cached);
 
+    void reject() override { }
+
 protected:
+    void closeEvent(QCloseEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
 
 private:
@@ -29,6 +34,7 @@ private:
     void centerOnScreen();
 
     QString word; // "Lese Datei" in the language of the settings
+    bool finished = false;
     QLabel *labelSplashProgress = nullptr;
     QProgressBar *progressBar = nullptr;
 };

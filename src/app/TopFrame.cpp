@@ -51,7 +51,11 @@ void TopFrame::addWidgets()
     }
     labelPositionsHeader->setTextFormat(Qt::PlainText);
     labelPositionsHeader->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    layout->setStretchFactor(labelPositionsHeader, 1);
+    layout->setStretchFactor(labelPositionsHeader, 1000);
+    // Keeps the buttons at the right where the header is hidden.
+    layout->insertStretch(layout->indexOf(labelPositionsHeader) + 1, 1);
+    labelPositionsAdditionalInfoL->setTextFormat(Qt::PlainText);
+    labelPositionsAdditionalInfoR->setTextFormat(Qt::RichText);
     labelPositionsAdditionalInfoL->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     buttonPositionsDisplay->setCheckable(true);
     toolButtonRightMenu->setText(QStringLiteral("≡"));
@@ -89,6 +93,7 @@ void TopFrame::setScreen(int newScreen, QMenu *menu)
     toolButtonScreenSelect->setText(screenSymbol(screen));
     toolButtonRightMenu->setMenu(menu);
     buttonPositionsDisplay->setVisible(screen == PositionsScreen);
+    labelPositionsHeader->setVisible(showsSong);
     labelPositionsAdditionalInfoL->setVisible(showsSong);
     labelPositionsAdditionalInfoR->setVisible(showsSong);
 }

@@ -2,6 +2,8 @@
 
 #include "PlayerEngine2.h"
 
+#include <QCoreApplication>
+
 Player::Player(QObject *parent)
     : QObject(parent)
     , engine(new PlayerEngine2(this))
@@ -18,6 +20,8 @@ Player::~Player()
     disconnect();
     engine->quit();
     engine->wait();
+    // Ticks under way would come while the output is taken down.
+    QCoreApplication::removePostedEvents(engine);
     delete engine;
 }
 

@@ -28,7 +28,7 @@ public:
     void setTempo(double percent);
 
     bool isPlaying() const;
-    // The song's length in whole seconds; 0 without a song.
+    // The song's length in milliseconds, known to the second; 0 without a song.
     int getPlaytimeTotal() const;
     // 0 without a song.
     int getPlaytime() const;

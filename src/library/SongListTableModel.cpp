@@ -1,5 +1,6 @@
 #include "SongListTableModel.h"
 
+#include "Level.h"
 #include "SongManager.h"
 #include "TimeTexts.h"
 
@@ -89,13 +90,6 @@ void SongListTableModel::refresh()
     endResetModel();
 }
 
-void SongListTableModel::songChanged(const SongPtr &song)
-{
-    const int row = static_cast<int>(songs.indexOf(song));
-    if (row >= 0)
-        Q_EMIT dataChanged(index(row, 0), index(row, ColumnCount - 1));
-}
-
 int SongListTableModel::rowCount(const QModelIndex &parent) const
 {
     return parent.isValid() ? 0 : static_cast<int>(songs.size());
@@ -106,12 +100,6 @@ int SongListTableModel::columnCount(const QModelIndex &parent) const
     return parent.isValid() ? 0 : ColumnCount;
 }
 
-QString SongListTableModel::levelText(const Song &song) const
-{
-    const bool high = song.getLevel() == QLatin1String("Intermediate-Advanced");
-    return high && !highIntermediateName.isEmpty() ? highIntermediateName : song.getLevel();
-}
-
 QVariant SongListTableModel::display(const Song &song, int column) const
 {
     switch (column) {
@@ -120,7 +108,7 @@ QVariant SongListTableModel::display(const Song &song, int column) const
     case ArtistColumn:
         return song.getArtist();
     case LevelColumn:
-        return levelText(song);
+        return displayedLevel(song.getLevel(), highIntermediateName);
     case BpmColumn:
         return bpmText(song);
     case LengthColumn:

@@ -35,8 +35,6 @@ public:
     void setHighIntermediateName(const QString &name);
     // Fetches the songs anew.
     void refresh();
-    // Shows what has changed in the song, if the table has it.
-    void songChanged(const SongPtr &song);
 
     int rowCount(const QModelIndex &parent = {}) const override;
     int columnCount(const QModelIndex &parent = {}) const override;
@@ -45,7 +43,6 @@ public:
                         int role = Qt::DisplayRole) const override;
 
 private:
-    QString levelText(const Song &song) const;
     QVariant display(const Song &song, int column) const;
 
     const SongManager *manager;

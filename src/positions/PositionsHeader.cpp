@@ -1,5 +1,6 @@
 #include "PositionsHeader.h"
 
+#include "Level.h"
 #include "Song.h"
 #include "TimeTexts.h"
 
@@ -10,13 +11,6 @@ namespace {
 QString translated(const char *text)
 {
     return QCoreApplication::translate("PositionsHeader", text);
-}
-
-QString displayedLevel(const Song &song, const QString &levelName)
-{
-    const bool high
-        = song.getLevel().compare(QLatin1String("Intermediate-Advanced"), Qt::CaseInsensitive) == 0;
-    return high ? levelName : song.getLevel();
 }
 
 // An elided text loses its markup, so that no tag is cut in two.
@@ -41,7 +35,7 @@ PositionsHeader positionsHeader(const Song &song, const QString &levelName, bool
                                 const Elide &elide)
 {
     PositionsHeader header;
-    const QString level = displayedLevel(song, levelName);
+    const QString level = displayedLevel(song.getLevel(), levelName);
     header.title = QStringLiteral("%1 - %2 (%3)")
                        .arg(song.getTitle(), song.getArtist(), durationText(song.getPlayLength()));
     header.windowTitle

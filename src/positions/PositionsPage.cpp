@@ -103,18 +103,13 @@ int PositionsPage::rowCount() const
 void PositionsPage::setColumnShown(PositionsColumn column, bool shown)
 {
     wanted[column] = shown;
-    tableWidgetPositions->setColumnHidden(column, !shown);
+    tableWidgetPositions->setColumnHidden(column, !shownColumns()[column]);
 }
 
-void PositionsPage::toggleColumn(PositionsColumn column)
-{
-    setColumnShown(column, tableWidgetPositions->isColumnHidden(column));
-}
-
-ShownColumns PositionsPage::shownColumns(int bpm) const
+ShownColumns PositionsPage::shownColumns() const
 {
     ShownColumns shown = wanted;
-    shown[BeatsColumn] = wanted[BeatsColumn] && bpm != 0;
+    shown[BeatsColumn] = wanted[BeatsColumn] && !(song && song->getBpm().toInt() == 0);
     return shown;
 }
 
@@ -129,7 +124,7 @@ void PositionsPage::refreshPositionsWindow()
     disconnect(sectionConnection);
     const int bpm = song->getBpm().toInt();
     const int durationMs = song->getPlayLength() * 1000;
-    const ShownColumns shown = shownColumns(bpm);
+    const ShownColumns shown = shownColumns();
     table->setUpdatesEnabled(false);
     table->setRowCount(song->getPositions().count());
     table->setColumnHidden(BeatsColumn, !shown[BeatsColumn]);

@@ -28,8 +28,8 @@ public:
     void setMaxFontSize(int points) { maxFontSize = points; }
     // True: the text fills the width. False: all rows have to be seen at once.
     void setFullWidth(bool full) { fullWidth = full; }
+    // Shows or hides an optional column; the beats stay hidden for a song without a bpm.
     void setColumnShown(PositionsColumn column, bool shown);
-    bool isColumnShown(PositionsColumn column) const { return wanted[column]; }
     // A vertical alignment flag of Qt for the cells.
     void setVerticalAlignment(Qt::Alignment alignment) { verticalAlignment = alignment; }
 
@@ -37,8 +37,8 @@ public:
     // The marked row, -1 if there is none.
     int selectedPositionsRow() const;
     void selectPositionsRow(int rowNum, bool scrollToCenter);
-    // Marks the row n rows away, the first or last at most. Without a marked row: n of 10 and more
-    // goes to the end in that direction, less to the other end's first row.
+    // Marks the row n rows away, the first or last at most. Without a marked row, up begins at the
+    // last one and down at the first; n of 10 and more goes to the first, and to the last.
     void scrollUpPositions(int n);
     void scrollDownPositions(int n);
     void scrollToCurrentPosition();
@@ -46,9 +46,6 @@ public:
 public Q_SLOTS:
     // Rebuilds the page: measures, chooses the font, fills the table.
     void refreshPositionsWindow();
-    void togglePartCol() { toggleColumn(PartColumn); }
-    void toggleTimeCol() { toggleColumn(TimeColumn); }
-    void toggleBeatCol() { toggleColumn(BeatsColumn); }
     // Marks the part that plays; -1 marks none.
     void on_partChanged(int currentPart);
 
@@ -66,8 +63,7 @@ private:
     void setUpTable();
     void writeHeaderTexts();
     void followSectionSizes();
-    void toggleColumn(PositionsColumn column);
-    ShownColumns shownColumns(int bpm) const;
+    ShownColumns shownColumns() const;
     FittedFont chooseFont(const PositionsExtent &extent, const ShownColumns &shown) const;
     void fillTable(const ShownColumns &shown, const QFont &font, int rowHeight);
     void fillRow(int row, const PositionsRow &texts, const ShownColumns &shown, const QFont &font);

@@ -1,5 +1,7 @@
 #include "InstanceGuard.h"
 
+#include <QtDebug>
+
 InstanceGuard::InstanceGuard()
     : semaphore(QStringLiteral("Tarvelo Unique ID #1"), 1, QSystemSemaphore::Open)
     , memory(QStringLiteral("Tarvelo Unique ID #2"))
@@ -7,7 +9,8 @@ InstanceGuard::InstanceGuard()
 
 bool InstanceGuard::acquire()
 {
-    semaphore.acquire();
+    if (!semaphore.acquire())
+        qWarning() << "No start semaphore:" << semaphore.errorString();
     const bool claimed = claimMemory();
     semaphore.release();
     return claimed;
@@ -25,6 +28,7 @@ bool InstanceGuard::claimMemory()
     }
     // If there is memory that can be neither attached nor made, it is another user's of this
     // machine, whose instance is no concern of ours.
-    memory.create(1, QSharedMemory::ReadWrite);
+    if (!memory.create(1, QSharedMemory::ReadWrite))
+        qWarning() << "No instance guard:" << memory.errorString();
     return true;
 }

@@ -51,7 +51,7 @@ void factoryReset()
 QVariant value(Key key)
 {
     const Entry &row = entry(key);
-    if (row.defaultFor == DefaultFor::EveryReader)
+    if (row.defaultFor == DefaultFor::EveryReader && key != Key::FrameHeight)
         return instance()->value(QLatin1String(row.name), row.defaultValue({}));
     return instance()->value(QLatin1String(row.name));
 }

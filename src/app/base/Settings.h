@@ -19,7 +19,8 @@ bool isIniFile();
 void factoryReset();
 
 // The stored value; without one the default that the table gives every reader, else an empty
-// variant (a first-run default is not given here).
+// variant (a first-run default is not given here, nor that of the frame height, which follows the
+// screen: WindowSettings has both).
 QVariant value(Key key);
 bool contains(Key key);
 void setValue(Key key, const QVariant &value);

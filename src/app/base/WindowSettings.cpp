@@ -67,7 +67,7 @@ WindowSettings WindowSettings::load(QSettings &store, const Settings::Environmen
     WindowSettings settings;
     settings.stored = store.contains(QLatin1String(Settings::entry(Key::Version).name));
     for (const Settings::Entry &row : windowEntries())
-        settings.set(row.key, readValue(store, row, !settings.stored, environment));
+        settings.values.insert(row.key, readValue(store, row, !settings.stored, environment));
     if (settings.stored)
         settings.applyVersionRules();
     else
@@ -76,6 +76,12 @@ WindowSettings WindowSettings::load(QSettings &store, const Settings::Environmen
     settings.set(Key::FrameHeight, std::clamp(settings.number(Key::FrameHeight), 20, 80));
     makeMissingDirectory(settings.text(Key::CacheDir));
     return settings;
+}
+
+void WindowSettings::set(Key key, const QVariant &value)
+{
+    values.insert(key, value);
+    changed.insert(key);
 }
 
 void WindowSettings::applyVersionRules()
@@ -91,13 +97,16 @@ void WindowSettings::save(QSettings &store, bool iniFile, const QString &applica
 {
     qDebug("Save Settings");
     for (const Settings::Entry &row : windowEntries()) {
-        const QVariant value
-            = row.key == Key::Version ? Version::number().toString() : values.value(row.key);
+        const QLatin1String name(row.name);
+        // Others may have written the key in the meantime.
+        const bool ours = changed.contains(row.key) || !store.contains(name);
+        const QVariant value = row.key == Key::Version ? Version::number().toString()
+                               : ours                  ? values.value(row.key)
+                                                       : store.value(name);
         // A key that nobody has set stays away from the store, as it was.
         if (isWrittenAtOnce(row.key) || !value.isValid())
             continue;
-        store.setValue(QLatin1String(row.name),
-                       storedForm(row.key, value, iniFile, applicationDir));
+        store.setValue(name, storedForm(row.key, value, iniFile, applicationDir));
     }
     store.sync();
 }

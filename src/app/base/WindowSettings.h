@@ -3,13 +3,14 @@
 #include "SettingsTable.h"
 
 #include <QHash>
+#include <QSet>
 #include <QVersionNumber>
 
 class QSettings;
 
 // The configuration that the main window reads at its start and writes at its end, with the rules
 // for a first run and for stores of older versions. A value between the store and the widgets:
-// what no widget has changed is written back as it was read.
+// what nobody has set() stays in the store as it is then.
 class WindowSettings
 {
 public:
@@ -32,7 +33,7 @@ public:
     bool flag(Settings::Key key) const { return values.value(key).toBool(); }
     QString text(Settings::Key key) const { return values.value(key).toString(); }
     QByteArray bytes(Settings::Key key) const { return values.value(key).toByteArray(); }
-    void set(Settings::Key key, const QVariant &value) { values.insert(key, value); }
+    void set(Settings::Key key, const QVariant &value);
 
 private:
     void applyVersionRules();
@@ -40,4 +41,5 @@ private:
     bool stored = false;
     QVersionNumber version;
     QHash<Settings::Key, QVariant> values;
+    QSet<Settings::Key> changed; // since load()
 };

@@ -85,14 +85,6 @@ void LibraryPage::clearSelection()
     tableViewMusicList->clearSelection();
 }
 
-void LibraryPage::selectSong(const SongPtr &song)
-{
-    for (int row = 0; row < model->rowCount(); ++row) {
-        if (model->song(row) == song)
-            selectRow(proxy->mapFromSource(model->index(row, 0)).row());
-    }
-}
-
 void LibraryPage::selectRow(int row)
 {
     tableViewMusicList->selectRow(row);

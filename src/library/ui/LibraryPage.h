@@ -21,8 +21,6 @@ public:
     // The song of the one selected row; empty when none or several are selected.
     SongPtr selectedSong() const;
     void clearSelection();
-    // Selects the song's row, if the table has it.
-    void selectSong(const SongPtr &song);
 
     // Selects the row n rows away from the selected one, the first or last at most. Without a
     // selection, up goes from the end of the list, and down does nothing.
