@@ -92,6 +92,7 @@ private Q_SLOTS:
     void language();
     void saveWritesEveryKeyOfTheWindow();
     void saveKeepsWhatNobodyChanged();
+    void saveKeepsWhatOthersHaveWritten();
     void checkStates();
     void alignmentIsNotWrittenAtTheEnd();
     void directoriesBecomeRelativeInIni();
@@ -450,6 +451,19 @@ void TestSettings::saveKeepsWhatNobodyChanged()
     QCOMPARE(store().value(QStringLiteral("columnConfig")).toByteArray(),
              QByteArray("\0\1state", 7));
     QCOMPARE(store().value(QStringLiteral("unknown")).toString(), QStringLiteral("left alone"));
+}
+
+void TestSettings::saveKeepsWhatOthersHaveWritten()
+{
+    store().setValue(QStringLiteral("version"), QStringLiteral("8.0.0"));
+    store().setValue(QStringLiteral("cuesheetDir"), QStringLiteral("/before"));
+    WindowSettings window = WindowSettings::load(store(), germanHall);
+    window.set(Key::MusicDir, QStringLiteral("/mine"));
+    store().setValue(QStringLiteral("cuesheetDir"), QStringLiteral("/after"));
+    store().setValue(QStringLiteral("musicDir"), QStringLiteral("/other"));
+    window.save(store(), false, {});
+    QCOMPARE(store().value(QStringLiteral("cuesheetDir")).toString(), QStringLiteral("/after"));
+    QCOMPARE(store().value(QStringLiteral("musicDir")).toString(), QStringLiteral("/mine"));
 }
 
 void TestSettings::checkStates()
