@@ -71,7 +71,8 @@ private Q_SLOTS:
     void cleanup();
 
     void markedRowFollowsTheMusic();
-    void tempoKeysActAtOnceAndKeepThePitch();
+    void tempoKeysKeepThePitch();
+    void tempoKeysActAtOnce();
     void numberKeysJump();
     void pauseSeekAndStop();
     void everyFileNamePlays_data();
@@ -197,7 +198,7 @@ void TestPlay::markedRowFollowsTheMusic()
              qPrintable(QString::number(recorder->longestSilence(first, last))));
 }
 
-void TestPlay::tempoKeysActAtOnceAndKeepThePitch()
+void TestPlay::tempoKeysKeepThePitch()
 {
     const QTemporaryDir music;
     QVERIFY(Samples::writeTone(music.filePath(u"tone.mp3"_qs), {.seconds = 20.0}));
@@ -226,6 +227,56 @@ void TestPlay::tempoKeysActAtOnceAndKeepThePitch()
         QVERIFY2(std::abs(cents) < 3, qPrintable(QString::number(hertz)));
     }
     QVERIFY(recorder->longestSilence(recorder->firstSound(), recorder->lastSound()) < 5);
+}
+
+// Clicks four a second: their distance in the recording tells the tempo, and since when.
+void TestPlay::tempoKeysActAtOnce()
+{
+    const QTemporaryDir music;
+    constexpr int distance = Recorder::rate / 4;
+    QList<qint16> samples(Recorder::rate * 2 * 20, 0);
+    for (int click = 0; click + 200 < samples.size() / 2; click += distance) {
+        for (int i = 0; i < 400; ++i)
+            samples[click * 2 + i] = (i / 2 / 20) % 2 ? 12000 : -12000;
+    }
+    const QString wave = music.filePath(u"clicks.wav"_qs);
+    QVERIFY(Samples::writeWave(wave, samples));
+    QVERIFY(Samples::encode(wave, music.filePath(u"clicks.mp3"_qs)));
+    start(music.path());
+    QVERIFY(choose(u"clicks.mp3"_qs));
+    QVERIFY(press(u"p"_qs));
+    QTRY_VERIFY(player()->getPlaytime() > 3000);
+    const double before = Recorder::now();
+    QVERIFY(Keyboard::press(QStringList(20, u"plus"_qs)));
+    const double pressed = Recorder::now();
+    QTRY_COMPARE(window->getTempo(), 20);
+    QTRY_VERIFY(player()->getPlaytime() > 8000);
+    QVERIFY(press(u"s"_qs));
+    recorder->catchUp();
+
+    const QList<qsizetype> clicks = recorder->onsets(100);
+    const auto apart = [&clicks](qsizetype i) {
+        return 1000.0 * double(clicks.at(i) - clicks.at(i - 1)) / Recorder::rate;
+    };
+    double firstFast = 0;
+    for (qsizetype i = 2; i < clicks.size(); ++i) {
+        const double time = recorder->timeOf(clicks.at(i));
+        if (time < before)
+            QVERIFY2(std::abs(apart(i) - 250) < 12, qPrintable(QString::number(apart(i))));
+        if (firstFast == 0 && apart(i) < 230)
+            firstFast = time;
+        if (firstFast > 0 && time > firstFast + 600)
+            QVERIFY2(std::abs(apart(i) - 250 / 1.2) < 12, qPrintable(QString::number(apart(i))));
+    }
+    qInfo() << "First faster click after the keys in ms:" << firstFast - pressed;
+    QVERIFY(firstFast > 0);
+    QVERIFY2(firstFast - pressed < 900, qPrintable(QString::number(firstFast - pressed)));
+    // The whole: twenty percent faster, to half a percent.
+    const qsizetype last = clicks.size() - 1;
+    const qsizetype from = last - 8;
+    const double mean = 1000.0 * double(clicks.at(last) - clicks.at(from)) / Recorder::rate / 8;
+    qInfo() << "Tempo of the recording:" << 250.0 / mean;
+    QVERIFY(std::abs(250.0 / mean - 1.2) < 0.012);
 }
 
 void TestPlay::numberKeysJump()
@@ -286,6 +337,13 @@ void TestPlay::pauseSeekAndStop()
     QTRY_VERIFY(player()->getPlaytime() > place);
     QVERIFY(player()->getPlaytime() < place + 1500);
 
+    // A part is played out of a pause as well, and the pause is over.
+    QVERIFY(press(u"a"_qs));
+    QTRY_VERIFY(!player()->isPlaying());
+    QVERIFY(press(u"2"_qs));
+    QTRY_VERIFY(player()->isPlaying());
+    QVERIFY(!window->isPaused());
+
     QVERIFY(press(u"s"_qs));
     QTRY_VERIFY(!player()->isPlaying());
     QCOMPARE(player()->getPlaytime(), 0);
@@ -340,19 +398,30 @@ void TestPlay::corpusMusicPlays()
         QSKIP("TARVELO_CORPUS isn't set");
     QFETCH(QString, file);
     const QTemporaryDir music;
-    QVERIFY(QFile::copy(file, music.filePath(QFileInfo(file).fileName())));
+    const QString copy = music.filePath(QFileInfo(file).fileName());
+    QVERIFY(QFile::copy(file, copy) && QFile(copy).setPermissions(QFile::Permissions(0x6600)));
     start(music.path());
+    const SongPtr song = tarvelo->getSongManager()->getSong(copy);
+    for (const int ms : {0, 5000, 17000})
+        song->getPositions().insert(song->getPositions().count(), {ms, u"Part"_qs, u"Triple"_qs});
+    QVERIFY(song->save());
     QVERIFY(choose(QFileInfo(file).fileName()));
     QVERIFY(Keyboard::press({u"Return"_qs, u"p"_qs}));
     QTRY_VERIFY(player()->getPlaytime() > 500);
+    const auto *page = window->findChild<PositionsPage *>();
+    QTRY_COMPARE(page->selectedPositionsRow(), 0);
     // The next seek goes on from the time that the last tick has told.
     for (const int ms : {5500, 10500, 15500}) {
         QVERIFY(press(u"Right"_qs));
         QTRY_VERIFY(player()->getPlaytime() > ms);
     }
+    QTRY_COMPARE(page->selectedPositionsRow(), 1);
     QTRY_VERIFY(player()->getPlaytime() > 16500);
-    const double begin = Recorder::now() - 1000;
-    QTRY_VERIFY(player()->getPlaytime() > 18500);
+    QTRY_COMPARE(page->selectedPositionsRow(), 2);
+    QVERIFY(press(u"plus"_qs));
+    QTRY_COMPARE(window->getTempo(), 1);
+    const double begin = Recorder::now();
+    QTRY_VERIFY(player()->getPlaytime() > 19000);
     QVERIFY(press(u"s"_qs));
     recorder->catchUp();
     const qsizetype from = recorder->frameAt(begin);

@@ -20,6 +20,8 @@ private Q_SLOTS:
     void simultaneousStartsGiveOneWindow();
     void killedProgramStartsAgain();
     void iniInTheWorkingDirectoryIsUsed();
+    void iniElsewhereIsLeftAlone();
+    void missingMusicDirectoryIsToldBeforeTheWindow();
     void firstRunWithoutACountry();
 
 private:
@@ -164,6 +166,43 @@ void TestProgram::iniInTheWorkingDirectoryIsUsed()
     QVERIFY(file.open(QIODevice::ReadOnly));
     QCOMPARE(file.readAll(), nativeBefore);
     QVERIFY(ini.remove());
+}
+
+// A stick whose program is started from another directory: its settings are not found and stay as
+// they are.
+void TestProgram::iniElsewhereIsLeftAlone()
+{
+    QVERIFY(QDir().mkdir(QStringLiteral("stick")));
+    QFile ini(QStringLiteral("stick/Tarvelo.ini"));
+    const QByteArray content = "[General]\nversion=8.0.0\nlanguage=en_US\nmusicDir=Music\n";
+    QVERIFY(ini.open(QIODevice::WriteOnly));
+    ini.write(content);
+    ini.close();
+    const auto program = start();
+    QVERIFY(Keyboard::waitForWindow(QStringLiteral("Tarvelo 8")));
+    QVERIFY(Keyboard::press({QStringLiteral("ctrl+x")}));
+    QTRY_COMPARE(program->state(), QProcess::NotRunning);
+    QVERIFY(ini.open(QIODevice::ReadOnly));
+    QCOMPARE(ini.readAll(), content);
+    // The native store was used: its language is German still.
+    Settings::instance()->sync();
+    QCOMPARE(Settings::value(Settings::Key::Language).toString(), QStringLiteral("de_DE"));
+}
+
+void TestProgram::missingMusicDirectoryIsToldBeforeTheWindow()
+{
+    Settings::setValue(Settings::Key::MusicDir, QStringLiteral("/nowhere"));
+    Settings::instance()->sync();
+    const auto program = start();
+    QVERIFY(Keyboard::waitForWindow(QStringLiteral("Fehler ...")));
+    QVERIFY(!Keyboard::windowTitles().contains(QStringLiteral("Tarvelo 8")));
+    QVERIFY(Keyboard::press({QStringLiteral("Return")}));
+    QVERIFY(Keyboard::waitForWindow(QStringLiteral("Tarvelo 8")));
+    QVERIFY(Keyboard::press({QStringLiteral("ctrl+x")}));
+    QTRY_COMPARE(program->state(), QProcess::NotRunning);
+    QCOMPARE(program->exitCode(), 0);
+    Settings::setValue(Settings::Key::MusicDir, music.path());
+    Settings::instance()->sync();
 }
 
 void TestProgram::firstRunWithoutACountry()
