@@ -97,9 +97,11 @@ void readRating(const Tag &tag, Song &song)
     song.setRating(frame ? frame->rating() : 0);
 }
 
+// A rating that nobody knows is below 0; as a byte it would be five stars.
 void writeRating(Tag &tag, const Song &song)
 {
-    firstOrNewFrame<PopularimeterFrame>(tag, "POPM")->setRating(song.getRating());
+    if (const int rating = song.getRating(); rating >= 0)
+        firstOrNewFrame<PopularimeterFrame>(tag, "POPM")->setRating(qMin(rating, 255));
 }
 
 void readPositions(const Tag &tag, Song &song)

@@ -78,6 +78,7 @@ bool Song::load(bool *fromCache)
     const bool loaded = runLoadChain(file, fromCache);
     if (loaded && version_tarvelo < tagFormatVersion)
         shiftPositions(-oldFormatDelayMs);
+    delivered = delivered || loaded;
     return loaded;
 }
 
@@ -105,6 +106,15 @@ bool Song::reload()
 
 bool Song::save()
 {
+    const bool saved = delivered && runSaveChain();
+    resetCountDowns();
+    if (!saved)
+        qCritical() << "Save File failed:" << filename;
+    return saved;
+}
+
+bool Song::runSaveChain()
+{
     // The positions in memory are those of the present format, so whatever a store writes has to
     // say so, or they would be moved once more at the next load.
     const int versionBefore = version_tarvelo;
@@ -113,11 +123,8 @@ bool Song::save()
     saveTo(SongStoreCacheSlot, *this);
     saveTo(SongStoreDatabaseSlot, *this);
     const bool saved = saveTo(SongStoreTagsSlot, *this);
-    resetCountDowns();
-    if (!saved) {
+    if (!saved)
         version_tarvelo = versionBefore;
-        qCritical() << "Save File failed:" << filename;
-    }
     return saved;
 }
 

@@ -72,7 +72,8 @@ public:
     // (version below 2) hold their positions 800 ms late: they are moved in memory.
     bool load(bool *cached);
     bool reload();
-    // Runs the save chain; true when the music file was written. Does not look at readonly.
+    // Runs the save chain; true when the music file was written. Does not look at readonly. A
+    // record that no load ever filled is not written: it would wipe what the file holds.
     bool save();
     // Moves the file to the recycle bin, without a dialog. True when the file is gone.
     bool removeFromDisk();
@@ -194,6 +195,7 @@ public:
 
 private:
     bool runLoadChain(const QFileInfo &file, bool *fromCache);
+    bool runSaveChain();
     int detectBpm() const;
 
     QString filename;
@@ -229,6 +231,7 @@ private:
     int rating = -1;
     bool selected = false;
     bool cached = false;
+    bool delivered = false;
     QAudioFormat format;
     std::shared_ptr<SongAudioData> audioData;
     SongPositions positions;

@@ -36,6 +36,7 @@ private Q_SLOTS:
     void theFirstRatingCounts();
     void aNewRatingIsAFrameOfItsOwn();
     void theVersionIsStamped();
+    void aRatingNobodyKnowsIsNotWritten();
     void oldPositionsComeEarlier();
     void oldPositionsStayEarlierAfterReloads();
     void positionsAreWrittenInOrder();
@@ -327,6 +328,18 @@ void TestId3Frames::aNewRatingIsAFrameOfItsOwn()
 
 void TestId3Frames::theVersionIsStamped()
 {
+void TestId3Frames::aRatingNobodyKnowsIsNotWritten()
+{
+    const QString path = SongFiles::tone(files());
+    Song song(path, false);
+    song.setRating(-1);
+    QVERIFY(song.save());
+    QCOMPARE(SongFiles::frames(SongFiles::dump(path), u"POPM"_qs).size(), 0);
+    song.setRating(300);
+    QVERIFY(song.save());
+    QCOMPARE(Song(path, false).getRating(), 255);
+}
+
     const QString path = SongFiles::tone(files());
     SongFiles::edit(path, [](Tag &tag) { SongFiles::addUserText(tag, "Version", "1"); });
     Song song(path, false);

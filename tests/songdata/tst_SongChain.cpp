@@ -5,6 +5,8 @@
 
 #include <QGuiApplication>
 
+#include <id3v2tag.h>
+
 class TestSongChain : public QObject
 {
     Q_OBJECT
@@ -23,6 +25,8 @@ private Q_SLOTS:
     void cachedTellsOfTheConstruction();
     void everyStoreSeesTheVersionThatIsWritten();
     void aFailedSaveKeepsTheVersion();
+    void aRecordThatWasNeverLoadedIsNotSaved();
+    void aRecordThatWasLoadedOnceIsSaved();
     void removingNothingFails();
 
 private:
@@ -198,6 +202,43 @@ void TestSongChain::aFailedSaveKeepsTheVersion()
     QVERIFY(!song.save());
     QCOMPARE(versions, QList<int>{2});
     QCOMPARE(song.getVersionTag(), 0);
+}
+
+// The file came, or could be read, only after the record was made.
+void TestSongChain::aRecordThatWasNeverLoadedIsNotSaved()
+{
+    const QString path = files().filePath(u"song.mp3"_qs);
+    Song song(path, false);
+    SongFiles::tone(files());
+    SongFiles::edit(path, [](TagLib::ID3v2::Tag &tag) { tag.setTitle("title"); });
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QByteArray before = file.readAll();
+    calls.clear();
+    songStores()->slot[SongStoreCacheSlot]
+        = std::make_unique<RecordingStore>(u"cache"_qs, false, calls);
+    QTest::ignoreMessage(QtCriticalMsg, QRegularExpression(u"Save File failed:.*"_qs
+                                                           + QRegularExpression::escape(path)));
+    QVERIFY(!song.save());
+    QCOMPARE(calls, QStringList());
+    file.seek(0);
+    QCOMPARE(file.readAll(), before);
+
+    QVERIFY(song.reload());
+    QCOMPARE(song.getTitle(), u"title"_qs);
+    QVERIFY(song.save());
+}
+
+void TestSongChain::aRecordThatWasLoadedOnceIsSaved()
+{
+    Song song(SongFiles::tone(files()), false);
+    const QString away = song.getFilename() + u".away"_qs;
+    QVERIFY(QFile::rename(song.getFilename(), away));
+    QVERIFY(!song.reload());
+    QVERIFY(QFile::rename(away, song.getFilename()));
+    song.setTitle(u"new"_qs);
+    QVERIFY(song.save());
+    QCOMPARE(Song(song.getFilename(), false).getTitle(), u"new"_qs);
 }
 
 void TestSongChain::removingNothingFails()
