@@ -102,6 +102,7 @@ bool SongStoreTags::load(Song &song, const QFileInfo &info)
     if (!file.isUsable())
         return false;
     GeneralFields::read(*file->tag(), song);
+    song.getPositions().clear();
     readAudioProperties(file->audioProperties(), song);
     auto *mpeg = file.mpeg();
     if (mpeg && mpeg->ID3v2Tag(false))

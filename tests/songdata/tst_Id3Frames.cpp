@@ -1,5 +1,6 @@
 #include "Song.h"
 
+#include "Samples.h"
 #include "SongFiles.h"
 #include "TestMain.h"
 
@@ -35,10 +36,11 @@ private Q_SLOTS:
     void bpmIsWrittenAsAnInteger();
     void theFirstRatingCounts();
     void aNewRatingIsAFrameOfItsOwn();
-    void theVersionIsStamped();
     void aRatingNobodyKnowsIsNotWritten();
+    void theVersionIsStamped();
     void oldPositionsComeEarlier();
     void oldPositionsStayEarlierAfterReloads();
+    void positionsWithoutATagDontMove();
     void positionsAreWrittenInOrder();
     void aSongWithoutPositionsHasAnEmptyFrame();
     void theFirstLyricsFrameIsTaken();
@@ -326,8 +328,6 @@ void TestId3Frames::aNewRatingIsAFrameOfItsOwn()
     QCOMPARE(Song(path, false).getRating(), 128);
 }
 
-void TestId3Frames::theVersionIsStamped()
-{
 void TestId3Frames::aRatingNobodyKnowsIsNotWritten()
 {
     const QString path = SongFiles::tone(files());
@@ -340,6 +340,8 @@ void TestId3Frames::aRatingNobodyKnowsIsNotWritten()
     QCOMPARE(Song(path, false).getRating(), 255);
 }
 
+void TestId3Frames::theVersionIsStamped()
+{
     const QString path = SongFiles::tone(files());
     SongFiles::edit(path, [](Tag &tag) { SongFiles::addUserText(tag, "Version", "1"); });
     Song song(path, false);
@@ -383,6 +385,20 @@ void TestId3Frames::oldPositionsStayEarlierAfterReloads()
     QVERIFY(song.reload());
     QCOMPARE(song.getVersionTag(), 0);
     QCOMPARE(song.getPositions().at(0).getTime(), 400);
+}
+
+// A load replaces what the record holds: only what came from the file is moved.
+void TestId3Frames::positionsWithoutATagDontMove()
+{
+    const QString path = files().filePath(u"tone.flac"_qs);
+    QVERIFY(Samples::writeTone(path));
+    Song song(path, false);
+    song.getPositions().insert(0, Position(2000, u"A"_qs, u"B"_qs));
+    QVERIFY(song.reload());
+    QCOMPARE(song.getPositions().count(), 0);
+    song.getPositions().insert(0, Position(2000, u"A"_qs, u"B"_qs));
+    QVERIFY(song.save());
+    QCOMPARE(song.getPositions().at(0).getTime(), 2000);
 }
 
 void TestId3Frames::positionsAreWrittenInOrder()
