@@ -3,6 +3,7 @@
 #include "GeneralFields.h"
 #include "Id3Frames.h"
 #include "Song.h"
+#include "TagGuard.h"
 #include "TagStream.h"
 
 #include <QFile>
@@ -101,8 +102,8 @@ bool SongStoreTags::load(Song &song, const QFileInfo &info)
     MusicFile file(song.getFilename());
     if (!file.isUsable())
         return false;
-    GeneralFields::read(*file->tag(), song);
     song.getPositions().clear();
+    GeneralFields::read(*file->tag(), song);
     readAudioProperties(file->audioProperties(), song);
     auto *mpeg = file.mpeg();
     if (mpeg && mpeg->ID3v2Tag(false))
@@ -115,6 +116,10 @@ bool SongStoreTags::save(Song &song)
     MusicFile file(song.getFilename());
     if (!file.isUsable())
         return false;
+    if (!TagGuard::isUnderstood(*file->file())) {
+        qWarning() << "The tag holds more than can be saved:" << song.getFilename();
+        return false;
+    }
     const bool changed = GeneralFields::write(*file->file(), song);
     auto *mpeg = file.mpeg();
     if (mpeg && mpeg->ID3v2Tag(false))

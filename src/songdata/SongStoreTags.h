@@ -11,6 +11,7 @@ public:
     // False for an empty file and for one that no reader understands.
     bool load(Song &song, const QFileInfo &file) override;
     // Sorts the song's positions and sets its modification time. An mp3 gets an ID3v2.4 tag.
+    // False also where the file would lose something: see TagGuard.h.
     bool save(Song &song) override;
     // The file itself is removed by Song; there is nothing else to remove.
     bool remove(const Song &song) override;

@@ -38,10 +38,16 @@ struct Exception
 constexpr Exception readDifferently[]
     = {{"synced_lyrics_no_terminator_latin1.mp3",
         "a text without its end is times and texts to one library, nothing to the other"}};
+// Not saved: the file ends before its tag does.
 constexpr Exception cutShort[]
-    = {{"tinytag/UTF16.mp3", "the file ends inside a picture: that frame is none"},
-       {"id3v22.TCO.genre.mp3", "the file ends inside a picture: that frame is none"},
-       {"id3v24_genre_null_byte.mp3", "the file ends inside a picture: that frame is none"}};
+    = {{"tinytag/UTF16.mp3", "ends inside a picture"},
+       {"id3v22.TCO.genre.mp3", "ends inside a picture"},
+       {"id3v24_genre_null_byte.mp3", "ends inside a picture"},
+       {"lofty/aacfile_read_from__01 -  aalborg_IDX_9_RAND_168952727934877251846138.mp3",
+        "the header alone"},
+       {"compressed_id3_frame.mp3", "cut inside the padding"},
+       {"id3_comment_utf_16_double_bom.mp3", "cut inside the padding"},
+       {"utf16_no_bom.mp3", "cut inside the padding"}};
 
 template <size_t count> bool isListed(const QString &file, const Exception (&exceptions)[count])
 {
@@ -169,6 +175,12 @@ bool isKept(const QJsonArray &frame)
     return !written.contains(id);
 }
 
+QByteArray content(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
 QStringList keptFrames(const QJsonObject &dump)
 {
     QStringList frames;
@@ -194,14 +206,14 @@ void TestSongCorpus::savingKeepsEverythingElse()
         copies.append(SongFiles::copyOf(file, place));
     }
     const QJsonArray before = SongFiles::dump(copies);
-    QStringList saved;
     QStringList faults;
-    for (const QString &copy : copies) {
-        Song song(copy, false);
-        if (song.save())
-            saved.append(copy);
-        else
-            faults.append(copy + u": not saved"_qs);
+    for (int index = 0; index < copies.size(); ++index) {
+        Song song(copies.at(index), false);
+        const bool expected = !isListed(originals.at(index), cutShort);
+        if (song.save() != expected)
+            faults.append(copies.at(index) + (expected ? u": not saved"_qs : u": saved"_qs));
+        if (!expected && content(copies.at(index)) != content(originals.at(index)))
+            faults.append(copies.at(index) + u": changed"_qs);
     }
     const QJsonArray after = SongFiles::dump(copies);
     int compared = 0;

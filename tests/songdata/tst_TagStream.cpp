@@ -2,9 +2,13 @@
 
 #include "Song.h"
 #include "SongFiles.h"
+#include "TagBytes.h"
 #include "TestMain.h"
 
 #include <QGuiApplication>
+
+using TagBytes::frame;
+using TagBytes::tag;
 
 class TestTagStream : public QObject
 {
@@ -26,20 +30,6 @@ private Q_SLOTS:
 };
 
 namespace {
-
-QByteArray frame(const QByteArray &id, const QByteArray &content, const QByteArray &flags = {})
-{
-    const char size[] = {0, 0, 0, static_cast<char>(content.size())};
-    return id + QByteArray(size, 4) + (flags.isEmpty() ? QByteArray(2, 0) : flags) + content;
-}
-
-QByteArray tag(char version, const QByteArray &frames, int padding = 20, char flags = 0)
-{
-    const auto size = static_cast<int>(frames.size()) + padding;
-    const char sizeBytes[] = {0, 0, static_cast<char>(size >> 7), static_cast<char>(size & 0x7f)};
-    return QByteArray("ID3") + version + '\0' + flags + QByteArray(sizeBytes, 4) + frames
-           + QByteArray(padding, 0);
-}
 
 QByteArray mended(const QByteArray &whole)
 {
