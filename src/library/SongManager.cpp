@@ -10,7 +10,21 @@ QStringList musicFiles(QDir &directory)
 {
     directory.setNameFilters({QStringLiteral("*.mp3"), QStringLiteral("*.m4a"),
                               QStringLiteral("*.flac"), QStringLiteral("*.ogg")});
-    return directory.entryList(QDir::Files | QDir::Readable, QDir::NoSort);
+    QStringList names;
+    for (const QFileInfo &entry :
+         directory.entryInfoList(QDir::Files | QDir::Readable, QDir::NoSort)) {
+        // A link to a pipe or a device is listed too.
+        if (entry.isFile())
+            names.append(entry.fileName());
+    }
+    return names;
+}
+
+// QDir takes a name that begins with ":" for a path of its own.
+QString pathIn(const QDir &directory, const QString &name)
+{
+    const QString path = directory.absolutePath();
+    return path.endsWith(u'/') ? path + name : path + u'/' + name;
 }
 
 } // namespace

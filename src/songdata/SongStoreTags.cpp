@@ -93,11 +93,17 @@ bool touch(const QString &path)
            && file.setFileTime(QDateTime::currentDateTime(), QFileDevice::FileModificationTime);
 }
 
+// To open a pipe or a device may take for ever, and an empty file would become a tag without music.
+bool isFilled(const QFileInfo &info)
+{
+    return info.isFile() && info.size() > 0;
+}
+
 } // namespace
 
 bool SongStoreTags::load(Song &song, const QFileInfo &info)
 {
-    if (info.size() < 1)
+    if (!isFilled(info))
         return false;
     MusicFile file(song.getFilename());
     if (!file.isUsable())
@@ -113,6 +119,8 @@ bool SongStoreTags::load(Song &song, const QFileInfo &info)
 
 bool SongStoreTags::save(Song &song)
 {
+    if (!isFilled(QFileInfo(song.getFilename())))
+        return false;
     MusicFile file(song.getFilename());
     if (!file.isUsable())
         return false;

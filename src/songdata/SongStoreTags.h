@@ -8,7 +8,7 @@
 class SongStoreTags : public SongStore
 {
 public:
-    // False for an empty file and for one that no reader understands.
+    // False for an empty file, for what is no regular file and for one that no reader understands.
     bool load(Song &song, const QFileInfo &file) override;
     // Sorts the song's positions and sets its modification time. An mp3 gets an ID3v2.4 tag.
     // False also where the file would lose something: see TagGuard.h.

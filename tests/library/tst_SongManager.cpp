@@ -8,6 +8,7 @@
 #include <QGuiApplication>
 #include <QSignalSpy>
 
+#include <sys/stat.h>
 #include <unistd.h>
 
 class TestSongManager : public QObject
@@ -27,6 +28,7 @@ private Q_SLOTS:
     void aMissingDirectoryIsAnEmptyLibrary_data();
     void aMissingDirectoryIsAnEmptyLibrary();
     void aBrokenFileIsASong();
+    void whatIsNoFileIsNotFound();
     void anyNameIsFound();
     void linksToAncestorsAreNotEntered();
     void aSongOnTwoPathsIsTwoSongs();
@@ -191,6 +193,20 @@ void TestSongManager::aBrokenFileIsASong()
     manager->loadSongList();
     QCOMPARE(namesFound(), QStringList{u"broken.m4a"_qs});
     QCOMPARE(manager->getSong(file.fileName())->getRating(), -1);
+}
+
+void TestSongManager::whatIsNoFileIsNotFound()
+{
+    const QString pipe = directory->filePath(u"pipe.mp3"_qs);
+    QCOMPARE(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+    QVERIFY(QFile::link(pipe, directory->filePath(u"a.mp3"_qs)));
+    QVERIFY(QFile::link(u"/dev/zero"_qs, directory->filePath(u"b.mp3"_qs)));
+    QVERIFY(QFile::link(directory->filePath(u"nothing"_qs), directory->filePath(u"c.mp3"_qs)));
+    put(u"d.mp3"_qs);
+    QSignalSpy counted(manager.get(), &SongManager::notifySongCount);
+    manager->loadSongList();
+    QCOMPARE(counted.at(0).at(0).toInt(), 1);
+    QCOMPARE(namesFound(), QStringList{u"d.mp3"_qs});
 }
 
 void TestSongManager::anyNameIsFound()

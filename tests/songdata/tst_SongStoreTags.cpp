@@ -7,6 +7,7 @@
 
 #include <QGuiApplication>
 
+#include <sys/stat.h>
 #include <unistd.h>
 
 class TestSongStoreTags : public QObject
@@ -25,6 +26,8 @@ private Q_SLOTS:
     void anyFileNameWorks_data();
     void anyFileNameWorks();
     void savingTellsTheTime();
+    void aFileThatIsNoneAnyMoreIsNotSaved();
+    void anEmptiedFileIsNotSaved();
     void aReadOnlyFileIsNotSaved();
     void aFullDiskLosesNothing();
     void nothingReadsBackDifferently();
@@ -135,6 +138,32 @@ void TestSongStoreTags::savingTellsTheTime()
     QVERIFY(song.save());
     QVERIFY(song.getModified() > old.addSecs(3600));
     QVERIFY(QFileInfo(path).lastModified() > old.addSecs(3600));
+}
+
+void TestSongStoreTags::aFileThatIsNoneAnyMoreIsNotSaved()
+{
+    const QString path = SongFiles::tone(files());
+    const QString pipe = files().filePath(u"pipe"_qs);
+    QCOMPARE(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+    Song song(path, false);
+    QVERIFY(QFile::remove(path));
+    for (const QString &other : {pipe, u"/dev/zero"_qs, files().path()}) {
+        QVERIFY(QFile::link(other, path));
+        QTest::ignoreMessage(QtCriticalMsg, QRegularExpression(u"Save File failed:.*"_qs));
+        QVERIFY(!song.save());
+        QVERIFY(!song.reload());
+        QVERIFY(QFile::remove(path));
+    }
+}
+
+void TestSongStoreTags::anEmptiedFileIsNotSaved()
+{
+    const QString path = SongFiles::tone(files());
+    Song song(path, false);
+    QVERIFY(QFile::resize(path, 0));
+    QTest::ignoreMessage(QtCriticalMsg, QRegularExpression(u"Save File failed:.*"_qs));
+    QVERIFY(!song.save());
+    QCOMPARE(QFileInfo(path).size(), 0);
 }
 
 void TestSongStoreTags::aReadOnlyFileIsNotSaved()
