@@ -77,7 +77,7 @@ int SongManager::scanDirectories(const QStringList &directories, const QDir *par
 {
     int count = 0;
     for (const QString &entry : directories) {
-        QDir directory(parent ? parent->filePath(entry) : entry);
+        QDir directory(parent ? pathIn(*parent, entry) : entry);
         // A link back to where we came from would lead round without end.
         const QString place = directory.canonicalPath();
         if (place.isEmpty() || ancestors.contains(place))
@@ -97,7 +97,7 @@ int SongManager::scanDirectories(const QStringList &directories, const QDir *par
 void SongManager::loadFiles(const QDir &directory, const QStringList &files)
 {
     for (const QString &file : files) {
-        const SongPtr song = insertSong(directory.absoluteFilePath(file));
+        const SongPtr song = insertSong(pathIn(directory, file));
         Q_EMIT notifySongScanned(++scanCounter, file, song->isCached());
     }
 }

@@ -19,6 +19,7 @@ inline void addOddFileNames()
     QTest::newRow("emoji") << u"💃🏽🕺.mp3"_qs;
     QTest::newRow("right to left") << u"שלום.mp3"_qs;
     QTest::newRow("colon") << u"file:x.mp3"_qs;
+    QTest::newRow("colon first") << u":x.mp3"_qs;
     QTest::newRow("capital suffix") << u"LOUD.MP3"_qs;
     QTest::newRow("longest") << QString(251, u'x') + u".mp3"_qs;
     QTest::newRow("longest in bytes") << QString(62, u'\u4e00') + QString(65, u'x') + u".mp3"_qs;

@@ -368,7 +368,7 @@ void TestPlay::everyFileNamePlays()
     const QTemporaryDir music;
     const QString sample = other.filePath(u"tone.mp3"_qs);
     QVERIFY(QFile::exists(sample) || Samples::writeTone(sample, {.seconds = 3.0}));
-    QVERIFY(QFile::copy(sample, music.filePath(name)));
+    QVERIFY(QFile::copy(sample, music.path() + u'/' + name));
     start(music.path());
     QVERIFY(choose(name));
     const double pressed = Recorder::now();

@@ -69,7 +69,7 @@ void TestSongManager::init()
 
 QString TestSongManager::put(const QString &name) const
 {
-    const QString path = directory->filePath(name);
+    const QString path = directory->path() + u'/' + name;
     QDir().mkpath(QFileInfo(path).path());
     QFile::copy(tone, path);
     return path;
@@ -211,13 +211,9 @@ void TestSongManager::whatIsNoFileIsNotFound()
 
 void TestSongManager::anyNameIsFound()
 {
-    QStringList names{u"  a .mp3"_qs,
-                      u"#.mp3"_qs,
-                      u"100%20.mp3"_qs,
-                      u"Gru\u0308ße/ü.mp3"_qs,
-                      u"a?*[b].mp3"_qs,
-                      u"💃.mp3"_qs,
-                      QString(251, u'x') + u".mp3"_qs};
+    QStringList names{u"  a .mp3"_qs,   u"#.mp3"_qs,       u"100%20.mp3"_qs,
+                      u":x.mp3"_qs,     u":dir/:y.mp3"_qs, u"Gru\u0308ße/ü.mp3"_qs,
+                      u"a?*[b].mp3"_qs, u"💃.mp3"_qs,       QString(251, u'x') + u".mp3"_qs};
     for (const QString &name : names)
         put(name);
     manager->loadSongList();

@@ -68,7 +68,7 @@ void TestPlatform::init()
 
 QString TestPlatform::write(const QString &name, const QByteArray &content) const
 {
-    const QString path = directory->filePath(name);
+    const QString path = directory->path() + u'/' + name;
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
         qWarning() << "No test file" << path;

@@ -29,7 +29,7 @@ QString originalTone()
 
 QString SongFiles::tone(const QDir &directory, const QString &name)
 {
-    const QString path = directory.filePath(name);
+    const QString path = directory.path() + u'/' + name;
     if (!QFile::copy(originalTone(), path))
         qWarning() << "No test file" << path;
     return path;
