@@ -27,7 +27,7 @@ public:
     ~PlayerDevice() override;
 
     // Prepares playing from the first buffer on. An empty song or one without a file gives
-    // silence; any other must have a channel count (1 to 16) and a sample rate.
+    // silence; any other must have a channel count (1 to 16) and a sample rate (1 to 192000 Hz).
     void setSong(const SongPtr &newSong, double newTempo);
     // Factor, 1.0 = as recorded; heard from the next pulled block on.
     void setTempo(double newTempo);

@@ -14,6 +14,7 @@ constexpr int tickMs = 50;
 constexpr int playtimeStepMs = 100;
 // What the stretcher can take.
 constexpr int mostChannels = 16;
+constexpr int highestSampleRate = 192000;
 
 double factorOf(double percent, double limit)
 {
@@ -219,7 +220,8 @@ void PlayerEngine2::loadDevice()
 
 bool PlayerEngine2::isPlayable() const
 {
-    return song && !song->isMissingFile() && song->getFrequency() > 0 && song->getChannels() > 0
+    return song && !song->isMissingFile() && song->getFrequency() > 0
+           && song->getFrequency() <= highestSampleRate && song->getChannels() > 0
            && song->getChannels() <= mostChannels;
 }
 

@@ -67,6 +67,7 @@ private Q_SLOTS:
     void formatMayChangeFromSongToSong();
     void unplayableSongIsRefused_data();
     void unplayableSongIsRefused();
+    void aFileOfTooHighASampleRateIsRefused();
     void volumeAndPitchDisturbNothing();
     void stopRightAfterStart();
     void playerMayGoWhilePlaying();
@@ -501,6 +502,7 @@ void TestPlayer::unplayableSongIsRefused_data()
         QTest::addRow("no file, %s", when) << true << 0 << 0 << after;
         QTest::addRow("no channels, %s", when) << false << 44100 << 0 << after;
         QTest::addRow("no sample rate, %s", when) << false << 0 << 2 << after;
+        QTest::addRow("too high a sample rate, %s", when) << false << 384000 << 2 << after;
         QTest::addRow("too many channels, %s", when) << false << 44100 << 17 << after;
     }
 }
@@ -532,6 +534,16 @@ void TestPlayer::unplayableSongIsRefused()
     player->setSong(song);
     player->start();
     QVERIFY(playBeyond(200));
+}
+
+void TestPlayer::aFileOfTooHighASampleRateIsRefused()
+{
+    const SongPtr high = newSong(1, u"flac"_qs, 384000);
+    LogCapture lines;
+    player->setSong(high);
+    player->start();
+    QVERIFY(!player->isPlaying());
+    QCOMPARE(lines.count(refused), 1);
 }
 
 void TestPlayer::volumeAndPitchDisturbNothing()
