@@ -66,28 +66,21 @@ constexpr TextField textFields[] = {
      &Song::setTitle},
 };
 
-bool writeTo(Tag &tag, const Song &song)
+void writeTo(Tag &tag, const Song &song)
 {
-    bool changed = false;
     for (const TextField &field : textFields) {
         const QString text = (song.*field.get)();
-        if (TagText::fromTag(field.read(tag)) == text)
-            continue;
-        field.write(tag, TagText::toTag(text));
-        changed = true;
+        if (TagText::fromTag(field.read(tag)) != text)
+            field.write(tag, TagText::toTag(text));
     }
-    if (const unsigned int track = song.getTrackNum().toUInt(); track != tag.track()) {
+    if (const unsigned int track = song.getTrackNum().toUInt(); track != tag.track())
         tag.setTrack(track);
-        changed = true;
-    }
-    if (const unsigned int year = song.getYear().toUInt(); year != tag.year()) {
+    if (const unsigned int year = song.getYear().toUInt(); year != tag.year())
         tag.setYear(year);
-        changed = true;
-    }
-    return changed;
 }
 
-// Null entries stand for tags that the file has not got.
+// Null entries stand for tags that the file has not got. An mp3 always has all but an APE tag here:
+// the library adds an empty one of ID3v1 when it reads the file, and writes it once it is filled.
 std::vector<Tag *> tagsOf(TagLib::File &file)
 {
     if (auto *mpeg = dynamic_cast<TagLib::MPEG::File *>(&file))
@@ -108,12 +101,20 @@ void GeneralFields::read(const Tag &tag, Song &song)
     song.setYear(QString::number(tag.year()));
 }
 
-bool GeneralFields::write(TagLib::File &file, const Song &song)
+void GeneralFields::write(TagLib::File &file, const Song &song)
 {
-    bool changed = false;
     for (Tag *tag : tagsOf(file)) {
-        if (tag && writeTo(*tag, song))
-            changed = true;
+        if (tag)
+            writeTo(*tag, song);
     }
-    return changed;
+}
+
+qint64 GeneralFields::mostBytes(const Song &song)
+{
+    constexpr qint64 bytesOfACharacter = 3;
+    constexpr qint64 mostTags = 3;
+    qint64 characters = 0;
+    for (const TextField &field : textFields)
+        characters += (song.*field.get)().size();
+    return characters * bytesOfACharacter * mostTags;
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QtGlobal>
+
 class Song;
 
 namespace TagLib {
@@ -13,7 +15,10 @@ namespace GeneralFields {
 void read(const TagLib::Tag &tag, Song &song);
 
 // Into each tag that the file has, and only where the tag shows another value than the song: a
-// list of genres, a full date or "3 of 12" stay whole. True when anything changed.
-bool write(TagLib::File &file, const Song &song);
+// list of genres, a full date or "3 of 12" stay whole.
+void write(TagLib::File &file, const Song &song);
+
+// What the song's fields can take in a file at most.
+qint64 mostBytes(const Song &song);
 
 } // namespace GeneralFields

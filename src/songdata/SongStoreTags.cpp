@@ -60,37 +60,36 @@ void readAudioProperties(const TagLib::AudioProperties *properties, Song &song)
     song.setPlayLength(properties->lengthInSeconds());
 }
 
-// The tag library takes no notice of a full disk: it would cut the music short. So a tag that
-// outgrows its place is written only where there is room for it.
-bool hasRoomFor(TagLib::MPEG::File &file, const QString &path)
+// The tag library takes no notice of a full disk: it would cut the music short. So a file is
+// written only where there is room for what it may grow by.
+bool hasRoom(qint64 growth, const QString &path)
 {
-    const qint64 size = file.ID3v2Tag()->render(TagLib::ID3v2::v4).size();
-    const qint64 sizeBefore = file.hasID3v2Tag() ? file.ID3v2Tag()->header()->completeTagSize() : 0;
     constexpr qint64 otherTags = 65536;
     std::error_code error;
     const auto space = std::filesystem::space(path.toStdU16String(), error);
-    return error || size <= sizeBefore
-           || static_cast<qint64>(space.available) >= size - sizeBefore + otherTags;
+    if (error || static_cast<qint64>(space.available) >= growth + otherTags)
+        return true;
+    qWarning() << "No room to save" << path;
+    return false;
 }
 
 bool saveMpeg(TagLib::MPEG::File &file, const QString &path)
 {
-    if (!hasRoomFor(file, path)) {
-        qWarning() << "No room to save" << path;
+    const qint64 size = file.ID3v2Tag()->render(TagLib::ID3v2::v4).size();
+    const qint64 sizeBefore = file.hasID3v2Tag() ? file.ID3v2Tag()->header()->completeTagSize() : 0;
+    if (size > sizeBefore && !hasRoom(size - sizeBefore, path))
         return false;
-    }
     // Every field is in every tag already. Let duplicate them, and the library would remove what
     // it shows as no value: a track "A1", a date without a year.
     return file.save(TagLib::MPEG::File::AllTags, TagLib::File::StripNone, TagLib::ID3v2::v4,
                      TagLib::File::DoNotDuplicate);
 }
 
-// A file in which nothing changes is not rewritten, but its time tells of the save all the same.
-bool touch(const QString &path)
+// How large another format becomes is known only once it is written: twice its size is enough.
+bool saveOther(TagLib::File &file, const Song &song)
 {
-    QFile file(path);
-    return file.open(QIODevice::ReadWrite | QIODevice::ExistingOnly)
-           && file.setFileTime(QDateTime::currentDateTime(), QFileDevice::FileModificationTime);
+    const QString path = song.getFilename();
+    return hasRoom(QFileInfo(path).size() + GeneralFields::mostBytes(song), path) && file.save();
 }
 
 // To open a pipe or a device may take for ever, and an empty file would become a tag without music.
@@ -128,14 +127,12 @@ bool SongStoreTags::save(Song &song)
         qWarning() << "The tag holds more than can be saved:" << song.getFilename();
         return false;
     }
-    const bool changed = GeneralFields::write(*file->file(), song);
+    GeneralFields::write(*file->file(), song);
     auto *mpeg = file.mpeg();
     if (mpeg && mpeg->ID3v2Tag(false))
         Id3Frames::write(*mpeg->ID3v2Tag(false), song);
     song.setModified(QDateTime::currentDateTime());
-    if (mpeg)
-        return saveMpeg(*mpeg, song.getFilename());
-    return changed ? file->save() : touch(song.getFilename());
+    return mpeg ? saveMpeg(*mpeg, song.getFilename()) : saveOther(*file->file(), song);
 }
 
 bool SongStoreTags::remove(const Song &)

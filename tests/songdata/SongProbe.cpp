@@ -17,8 +17,8 @@ void limit(__rlimit_resource resource, rlim_t most)
 
 } // namespace
 
-// Loads the file, saves it, loads it again: with ten seconds of processor time and half a
-// gigabyte of memory.
+// Loads the file, saves it (with a comment of as many characters as a second argument says),
+// loads it again: with ten seconds of processor time and half a gigabyte of memory.
 int main(int argc, char *argv[])
 {
     limit(RLIMIT_CPU, 10);
@@ -28,6 +28,8 @@ int main(int argc, char *argv[])
     const QCoreApplication application(argc, argv);
     createSongStores();
     Song song(QFile::decodeName(argv[1]), false);
+    if (argc > 2)
+        song.setComment(QString(QByteArray(argv[2]).toInt(), u'x'));
     const bool saved = song.save();
     const Song again(song.getFilename(), false);
     std::printf("%s\n", saved ? "saved" : "not saved");
