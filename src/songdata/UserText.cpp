@@ -49,7 +49,8 @@ void UserText::write(Tag &tag, const QString &description, const QString &text)
     if (description != description.toUpper())
         removeAll(tag, description.toUpper());
     const auto *present = frameOf(tag, description);
-    if (present && !text.isEmpty() && valueOf(*present) == text)
+    // What others put behind the first value would be lost.
+    if (present && !text.isEmpty() && present->fieldList().size() > 2 && valueOf(*present) == text)
         return;
     removeAll(tag, description);
     if (text.isEmpty())

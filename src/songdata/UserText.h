@@ -14,7 +14,7 @@ namespace UserText {
 QString find(const TagLib::ID3v2::Tag &tag, const QString &description);
 
 // Replaces every frame with either form of the description by one; an empty text leaves none. A
-// frame that shows this text already stays as it is.
+// frame that shows this text and holds further ones behind it stays as it is.
 void write(TagLib::ID3v2::Tag &tag, const QString &description, const QString &text);
 
 } // namespace UserText

@@ -204,6 +204,9 @@ void TestId3Frames::doubleFramesAreReplacedByOne()
     });
     Song song(path, false);
     QCOMPARE(song.getChoreographer(), u"first"_qs);
+    QVERIFY(song.save());
+    QCOMPARE(SongFiles::userTexts(SongFiles::dump(path), u"Choreographer"_qs),
+             QStringList{u"first"_qs});
     song.setChoreographer(u"third"_qs);
     QVERIFY(song.save());
     QCOMPARE(Song(path, false).getChoreographer(), u"third"_qs);
