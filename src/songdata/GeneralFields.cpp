@@ -9,6 +9,7 @@
 #include <id3v1tag.h>
 #include <id3v2tag.h>
 #include <mpegfile.h>
+#include <textidentificationframe.h>
 #include <xiphcomment.h>
 
 #include <vector>
@@ -24,6 +25,7 @@ void setId3Comment(TagLib::ID3v2::Tag &tag, const TagLib::String &text)
     for (auto *frame : tag.frameList("COMM")) {
         auto *comment = dynamic_cast<TagLib::ID3v2::CommentsFrame *>(frame);
         if (comment && comment->description().isEmpty()) {
+            TagText::mendEncoding(*comment);
             comment->setText(text);
             return;
         }
@@ -39,6 +41,16 @@ void setComment(Tag &tag, const TagLib::String &text)
         setId3Comment(*id3, text);
     else
         tag.setComment(text);
+}
+
+void mendEncodings(TagLib::ID3v2::Tag &tag)
+{
+    for (const char *id : {"TPE1", "TALB", "TCON", "TIT2", "TRCK", "TDRC"}) {
+        for (auto *frame : tag.frameList(id)) {
+            if (auto *text = dynamic_cast<TagLib::ID3v2::TextIdentificationFrame *>(frame))
+                TagText::mendEncoding(*text);
+        }
+    }
 }
 
 struct TextField
@@ -104,6 +116,8 @@ void GeneralFields::read(const Tag &tag, Song &song)
 void GeneralFields::write(TagLib::File &file, const Song &song)
 {
     for (Tag *tag : tagsOf(file)) {
+        if (auto *id3 = dynamic_cast<TagLib::ID3v2::Tag *>(tag))
+            mendEncodings(*id3);
         if (tag)
             writeTo(*tag, song);
     }

@@ -87,8 +87,10 @@ void writeBpm(Tag &tag, const Song &song)
         tag.removeFrames("TBPM");
         return;
     }
-    firstOrNewFrame<TextIdentificationFrame>(tag, "TBPM", "TBPM", TagLib::String::Latin1)
-        ->setText(TagLib::String::number(static_cast<int>(bpm)));
+    auto *frame
+        = firstOrNewFrame<TextIdentificationFrame>(tag, "TBPM", "TBPM", TagLib::String::Latin1);
+    frame->setTextEncoding(TagLib::String::Latin1);
+    frame->setText(TagLib::String::number(static_cast<int>(bpm)));
 }
 
 void readRating(const Tag &tag, Song &song)

@@ -58,9 +58,7 @@ void SongPositions::toFrame(SynchronizedLyricsFrame *frame) const
         entries.append(SynchronizedLyricsFrame::SynchedText(
             static_cast<unsigned int>(position.getTime()), TagText::toTag(text)));
     }
-    // Text in an encoding that does not exist would be written as nothing.
-    if (frame->textEncoding() > TagLib::String::UTF8)
-        frame->setTextEncoding(TagLib::String::Latin1);
+    TagText::mendEncoding(*frame);
     frame->setDescription("TarveloChoreoParts");
     frame->setLanguage("eng");
     frame->setType(SynchronizedLyricsFrame::Movement);

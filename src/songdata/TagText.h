@@ -17,4 +17,11 @@ inline TagLib::String toTag(const QString &text)
     return TagLib::String(text.toUtf8().constData(), TagLib::String::UTF8);
 }
 
+// Text in an encoding that does not exist would be written as nothing.
+template <class Frame> void mendEncoding(Frame &frame)
+{
+    if (static_cast<unsigned int>(frame.textEncoding()) > TagLib::String::UTF8)
+        frame.setTextEncoding(TagLib::String::Latin1);
+}
+
 } // namespace TagText

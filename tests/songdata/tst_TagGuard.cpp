@@ -21,6 +21,7 @@ private Q_SLOTS:
     void tagsThatWouldLoseSomethingAreNotSaved();
     void soundTagsAreSaved_data();
     void soundTagsAreSaved();
+    void textsInNoKnownEncodingTakeNewOnes();
 };
 
 namespace {
@@ -155,6 +156,26 @@ void TestTagGuard::soundTagsAreSaved()
     QTEST(int(SongFiles::frames(SongFiles::dump(path), u"TSRC"_qs).size()), "frames");
     // An ID3v1 tag has come behind the music.
     QVERIFY(content(path).chopped(128).endsWith(music));
+}
+
+void TestTagGuard::textsInNoKnownEncodingTakeNewOnes()
+{
+    const QTemporaryDir directory;
+    const QString path = SongFiles::tone(QDir(directory.path()));
+    QByteArray frames;
+    for (const char *id : {"TPE1", "TALB", "TIT2", "TCON", "TRCK", "TDRC", "TBPM"})
+        frames += frame(id, qstrcmp(id, "TPE1") == 0 ? "\377ab" : "\11ab");
+    withMusic(tag(4, frames + frame("COMM", QByteArray("\11eng\0a", 6))), path);
+    Song song(path, false);
+    for (const char *property : {"artist", "album", "comment", "genre", "title"})
+        song.setProperty(property, u"Łódź"_qs);
+    for (const char *property : {"tracknum", "year", "bpm"})
+        song.setProperty(property, u"99"_qs);
+    QVERIFY(song.save());
+    const Song again(path, false);
+    for (const char *property :
+         {"artist", "album", "comment", "genre", "title", "tracknum", "year", "bpm"})
+        QCOMPARE(again.property(property).toString(), song.property(property).toString());
 }
 
 TARVELO_TEST_MAIN(TestTagGuard, QGuiApplication)
