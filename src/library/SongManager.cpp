@@ -6,6 +6,8 @@
 
 namespace {
 
+constexpr int mostLinks = 8;
+
 QStringList musicFiles(QDir &directory)
 {
     directory.setNameFilters({QStringLiteral("*.mp3"), QStringLiteral("*.m4a"),
@@ -61,8 +63,10 @@ void SongManager::loadSongList()
     // An empty name would mean the working directory.
     const QStringList directories = musicDir.isEmpty() ? QStringList() : QStringList(musicDir);
     scanCounter = 0;
+    linksFollowed.clear();
     Q_EMIT notifySongCount(scanDirectories(directories, nullptr, {}, ScanPass::Count));
     songs.clear();
+    linksFollowed.clear();
     scanDirectories(directories, nullptr, {}, ScanPass::Load);
     updateAllLists();
 }
@@ -81,6 +85,8 @@ int SongManager::scanDirectories(const QStringList &directories, const QDir *par
         // A link back to where we came from would lead round without end.
         const QString place = directory.canonicalPath();
         if (place.isEmpty() || ancestors.contains(place))
+            continue;
+        if (QFileInfo(directory.path()).isSymLink() && ++linksFollowed[place] > mostLinks)
             continue;
         const QStringList files = musicFiles(directory);
         if (pass == ScanPass::Count)

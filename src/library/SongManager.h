@@ -42,7 +42,9 @@ private:
 
     SongPtr insertSong(const QString &filename);
     // The number of music files in and below the directories, which are told relative to parent
-    // if there is one. A directory that is one of its own ancestors (canonical paths) is left out.
+    // if there is one. A directory that is one of its own ancestors (canonical paths) is left out,
+    // and to each at most eight links are followed: directories that link one another have more
+    // paths than a scan could ever walk.
     int scanDirectories(const QStringList &directories, const QDir *parent,
                         const QStringList &ancestors, ScanPass pass);
     void loadFiles(const QDir &directory, const QStringList &files);
@@ -52,4 +54,6 @@ private:
     QString cacheDir;
     QString musicDir;
     int scanCounter = 0;
+    // By the canonical path of the directory; in one pass.
+    QHash<QString, int> linksFollowed;
 };

@@ -31,6 +31,7 @@ private Q_SLOTS:
     void whatIsNoFileIsNotFound();
     void anyNameIsFound();
     void linksToAncestorsAreNotEntered();
+    void directoriesThatLinkOneAnotherComeToAnEnd();
     void aSongOnTwoPathsIsTwoSongs();
     void unreadableFilesAndDirectoriesAreLeftOut();
     void songsHeldByOthersOutliveAScan();
@@ -236,6 +237,24 @@ void TestSongManager::linksToAncestorsAreNotEntered()
     const QStringList expected{u"a.mp3"_qs, u"deep/er/b.mp3"_qs};
     QCOMPARE(namesFound(), expected);
     QCOMPARE(counted.at(0).at(0).toInt(), 2);
+}
+
+void TestSongManager::directoriesThatLinkOneAnotherComeToAnEnd()
+{
+    constexpr int count = 8;
+    for (int from = 0; from < count; ++from) {
+        put(u"%1/%1.mp3"_qs.arg(from));
+        for (int to = 0; to < count; ++to) {
+            const QString link = directory->filePath(u"%1/to%2"_qs.arg(from).arg(to));
+            QVERIFY(to == from || QFile::link(u"../%1"_qs.arg(to), link));
+        }
+    }
+    QSignalSpy counted(manager.get(), &SongManager::notifySongCount);
+    manager->loadSongList();
+    QCOMPARE(counted.at(0).at(0).toInt(), manager->getSongs().size());
+    QVERIFY(manager->getSongs().size() <= 9 * count);
+    for (int number = 0; number < count; ++number)
+        QVERIFY(manager->getSong(directory->filePath(u"%1/%1.mp3"_qs.arg(number))));
 }
 
 void TestSongManager::aSongOnTwoPathsIsTwoSongs()
