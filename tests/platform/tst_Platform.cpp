@@ -17,12 +17,14 @@ private Q_SLOTS:
     void aTrashedFileCanBeRestored();
     void filesOfOneNameLieSideBySide();
     void aLinkGoesAndItsTargetStays();
+    void theHomeTrashMayBeALink();
     void aRelativePathIsToldWhole();
     void nothingGoesToTheTrash();
     void aDirectoryDoesNotGoToTheTrash();
     void withoutATrashTheFileStays_data();
     void withoutATrashTheFileStays();
     void aFileThatMayNotGoStays();
+    void anotherFileSystemHasATrashOfItsOwn_data();
     void anotherFileSystemHasATrashOfItsOwn();
 
     void writeBitsGoAndReadBitsStay();
@@ -121,6 +123,15 @@ void TestPlatform::filesOfOneNameLieSideBySide()
     QCOMPARE(contentOf(trash(u"files/song-2.mp3"_qs)), QByteArray("three"));
 }
 
+void TestPlatform::theHomeTrashMayBeALink()
+{
+    const QString elsewhere = directory->filePath(u"elsewhere"_qs);
+    QVERIFY(QDir().mkpath(elsewhere) && QDir().mkpath(directory->filePath(u"data"_qs)));
+    QVERIFY(QFile::link(elsewhere, directory->filePath(u"data/Trash"_qs)));
+    QVERIFY(Platform::moveToRecycleBin(write(u"song.mp3"_qs)));
+    QCOMPARE(contentOf(elsewhere + u"/files/song.mp3"_qs), QByteArray("music"));
+}
+
 void TestPlatform::aLinkGoesAndItsTargetStays()
 {
     const QString target = write(u"song.mp3"_qs);
@@ -189,8 +200,16 @@ void TestPlatform::aFileThatMayNotGoStays()
     QVERIFY(QFile::setPermissions(closed, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
 }
 
+void TestPlatform::anotherFileSystemHasATrashOfItsOwn_data()
+{
+    QTest::addColumn<bool>("linked");
+    QTest::newRow("straight") << false;
+    QTest::newRow("through a linked directory") << true;
+}
+
 void TestPlatform::anotherFileSystemHasATrashOfItsOwn()
 {
+    QFETCH(bool, linked);
     const QStorageInfo shared(u"/dev/shm"_qs);
     if (!shared.isValid() || shared == QStorageInfo(directory->path())
         || !QFileInfo(shared.rootPath()).isWritable())
@@ -200,7 +219,9 @@ void TestPlatform::anotherFileSystemHasATrashOfItsOwn()
     QVERIFY(QFile::copy(write(u"song.mp3"_qs), path));
     const QDir own(shared.rootPath() + u"/.Trash-"_qs + QString::number(::getuid()));
     const bool wasThere = own.exists();
-    QVERIFY(Platform::moveToRecycleBin(path));
+    const QString link = directory->filePath(u"linked"_qs);
+    QVERIFY(QFile::link(place.path(), link));
+    QVERIFY(Platform::moveToRecycleBin(linked ? link + u"/ü #.mp3"_qs : path));
     QVERIFY(!QFile::exists(path));
     QCOMPARE(contentOf(own.filePath(u"files/ü #.mp3"_qs)), QByteArray("music"));
     const QByteArray told

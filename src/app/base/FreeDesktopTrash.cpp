@@ -22,12 +22,15 @@ struct Trash
 
 const QLatin1String infoSuffix(".trashinfo");
 
-bool isOwnDirectory(const QString &path)
+// A link to one is none, unless it may be.
+bool isOwnDirectory(const QString &path, bool mayBeLink)
 {
     struct stat status
     { };
-    return ::lstat(QFile::encodeName(path).constData(), &status) == 0 && S_ISDIR(status.st_mode)
-           && status.st_uid == ::getuid();
+    const QByteArray name = QFile::encodeName(path);
+    const int result
+        = mayBeLink ? ::stat(name.constData(), &status) : ::lstat(name.constData(), &status);
+    return result == 0 && S_ISDIR(status.st_mode) && status.st_uid == ::getuid();
 }
 
 // The common trash counts only as its administrator has to make it: a real directory in which
@@ -40,11 +43,12 @@ bool isCommonTrash(const QString &path)
            && (status.st_mode & S_ISVTX) != 0;
 }
 
-bool prepare(const QString &directory)
+// The home trash may lie elsewhere behind a link; on a volume others could have put one there.
+bool prepare(const Trash &trash)
 {
     for (const char *part : {"", "/files", "/info"}) {
-        const QString path = directory + QLatin1String(part);
-        if (!QDir().mkpath(path) || !isOwnDirectory(path))
+        const QString path = trash.directory + QLatin1String(part);
+        if (!QDir().mkpath(path) || !isOwnDirectory(path, trash.root.isEmpty()))
             return false;
         QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     }
@@ -86,7 +90,11 @@ QString nameInTrash(const QFileInfo &file, int attempt)
 QByteArray information(const Trash &trash, const QFileInfo &file)
 {
     const QString path = file.absoluteFilePath();
-    const QString told = trash.root.isEmpty() ? path : QDir(trash.root).relativeFilePath(path);
+    // A directory on the way may be a link from elsewhere; the file itself stays the link it is.
+    const QString place = QFileInfo(file.absolutePath()).canonicalFilePath();
+    const QString told = trash.root.isEmpty()
+                             ? path
+                             : QDir(trash.root).relativeFilePath(place + u'/' + file.fileName());
     return "[Trash Info]\nPath=" + QUrl::toPercentEncoding(told, "/") + "\nDeletionDate="
            + QDateTime::currentDateTime().toString(Qt::ISODate).toLatin1() + '\n';
 }
@@ -123,7 +131,7 @@ bool FreeDesktopTrash::take(const QString &path)
     if (!file.exists() || file.isDir())
         return false;
     for (const Trash &trash : trashesFor(file)) {
-        if (prepare(trash.directory) && moveInto(trash, file))
+        if (prepare(trash) && moveInto(trash, file))
             return true;
     }
     return false;
