@@ -7,6 +7,7 @@
 #include <QGuiApplication>
 #include <QMetaProperty>
 #include <QSignalSpy>
+#include <QStorageInfo>
 
 #include <unistd.h>
 
@@ -50,6 +51,16 @@ private:
 
     std::unique_ptr<QTemporaryDir> directory;
 };
+
+namespace {
+
+QByteArray contentOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+} // namespace
 
 void TestSong::init()
 {
@@ -345,8 +356,15 @@ void TestSong::aRemovedFileLiesInTheTrash()
 {
     const QString path = SongFiles::tone(files());
     Song song(path, false);
+    const QByteArray content = contentOf(path);
     QVERIFY(song.removeFromDisk());
     QVERIFY(!QFile::exists(path));
+    // The test's own home may lie on another file system than its files.
+    const QStorageInfo volume(files().path());
+    const QString top = volume == QStorageInfo(QDir::homePath())
+                            ? qEnvironmentVariable("XDG_DATA_HOME") + u"/Trash"_qs
+                            : volume.rootPath() + u"/.Trash-"_qs + QString::number(::getuid());
+    QCOMPARE(contentOf(top + u"/files/song.mp3"_qs), content);
 }
 
 void TestSong::aMissingFileIsNotDecoded()
