@@ -1,12 +1,12 @@
 #include "Song.h"
 
+#include "FileTools.h"
 #include "Platform.h"
 #include "SongAudioDataQt.h"
 #include "SongStore.h"
 
 #include <QAudioBuffer>
 #include <QFileInfo>
-#include <QRegularExpression>
 #include <QtDebug>
 
 #include <BPMDetect.h>
@@ -231,8 +231,7 @@ QString Song::exportFileName(const QString &suffix, const QString &levelShort, i
     const QString shown = level == u"Intermediate-Advanced" ? levelShort : level;
     if (!shown.isEmpty())
         name += separator + shown;
-    static const QRegularExpression forbidden(QStringLiteral(R"([\x00-\x1f<>:"/\\|?*])"));
-    name.remove(forbidden);
+    name = cleanFileName(name);
     if (maxLength > 0) {
         name.truncate(qMax(0, maxLength - static_cast<int>(suffix.size()) - 1));
         if (!name.isEmpty() && name.back().isHighSurrogate())
