@@ -55,6 +55,8 @@ void SongAudioDataQt::waitForHead()
     const QSignalSpy spy(this, &SongAudioDataQt::decodingStarted);
     QTimer timer;
     timer.setSingleShot(true);
+    // A coarse one may be over five percent early.
+    timer.setTimerType(Qt::PreciseTimer);
     timer.start(headWaitMs);
     while (alive && spy.isEmpty() && timer.remainingTime() >= 1)
         QCoreApplication::processEvents();
