@@ -122,13 +122,3 @@ void GeneralFields::write(TagLib::File &file, const Song &song)
             writeTo(*tag, song);
     }
 }
-
-qint64 GeneralFields::mostBytes(const Song &song)
-{
-    constexpr qint64 bytesOfACharacter = 3;
-    constexpr qint64 mostTags = 3;
-    qint64 characters = 0;
-    for (const TextField &field : textFields)
-        characters += (song.*field.get)().size();
-    return characters * bytesOfACharacter * mostTags;
-}

@@ -18,7 +18,4 @@ void read(const TagLib::Tag &tag, Song &song);
 // list of genres, a full date or "3 of 12" stay whole.
 void write(TagLib::File &file, const Song &song);
 
-// What the song's fields can take in a file at most.
-qint64 mostBytes(const Song &song);
-
 } // namespace GeneralFields

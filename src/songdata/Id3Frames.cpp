@@ -18,6 +18,8 @@ QString withComma(QString number)
     return number.replace(u'.', u',');
 }
 
+const QString cuesheetKey = QStringLiteral("Cuesheet");
+
 // One user text frame: its description, the text that is written, and what takes the text read.
 struct TextFrame
 {
@@ -44,8 +46,14 @@ constexpr TextFrame textFrames[] = {
      [](Song &song, const QString &text) { song.setAdaptedBy(text); }},
     {u"CueOwner", [](const Song &song) { return song.getCueOwner(); },
      [](Song &song, const QString &text) { song.setCueOwner(text); }},
+    {u"Countdowns", [](const Song &song) { return song.getCountDowns().toText(); },
+     [](Song &song, const QString &text) { song.getCountDowns().fromText(text); }},
     {u"ISWC", [](const Song &song) { return song.getIswcId(); },
      [](Song &song, const QString &text) { song.setIswcId(text); }},
+    // A NUL would end the frame, and with it the events behind it.
+    {u"DanceEvents",
+     [](const Song &song) { return song.getDanceEvents().toTagText().replace(QChar(0), u' '); },
+     [](Song &song, const QString &text) { song.getDanceEvents().fromTagText(text); }},
     // No frame is version 0, also when the record was of another version before.
     {u"Version", [](const Song &) { return QString::number(Song::tagFormatVersion); },
      [](Song &song, const QString &text) {
@@ -120,7 +128,33 @@ void writePositions(Tag &tag, Song &song)
         firstOrNewFrame<SynchronizedLyricsFrame>(tag, "SYLT", TagLib::String::Latin1));
 }
 
+// Other programs keep the tracks of a disc in a frame "CUESHEET", as plain text.
+bool isForeignCuesheet(const QString &text)
+{
+    return !QByteArray::fromBase64Encoding(text.toUtf8(), QByteArray::AbortOnBase64DecodingErrors);
+}
+
+void writeCuesheet(Tag &tag, Song &song)
+{
+    const QString capitals = cuesheetKey.toUpper();
+    if (!isForeignCuesheet(UserText::exactly(tag, capitals).value_or(QString())))
+        UserText::removeAll(tag, capitals);
+    UserText::replace(tag, cuesheetKey, QString::fromLatin1(song.getCuesheetData().toBase64()));
+    song.getCuesheet().noteFrame(song.getFilename());
+}
+
 } // namespace
+
+QByteArray Id3Frames::cuesheet(const Tag &tag)
+{
+    std::optional<QString> text = UserText::exactly(tag, cuesheetKey);
+    if (!text) {
+        text = UserText::exactly(tag, cuesheetKey.toUpper());
+        if (!text || isForeignCuesheet(*text))
+            return QByteArray();
+    }
+    return QByteArray::fromBase64(text->toUtf8().left(text->size()));
+}
 
 void Id3Frames::read(const Tag &tag, Song &song)
 {
@@ -129,6 +163,8 @@ void Id3Frames::read(const Tag &tag, Song &song)
     readPositions(tag, song);
     for (const TextFrame &frame : textFrames)
         frame.take(song, UserText::find(tag, QString::fromUtf16(frame.description)));
+    song.getCuesheet().set(cuesheet(tag));
+    song.getCuesheet().noteFrame(song.getFilename());
 }
 
 void Id3Frames::write(Tag &tag, Song &song)
@@ -138,4 +174,5 @@ void Id3Frames::write(Tag &tag, Song &song)
     writePositions(tag, song);
     for (const TextFrame &frame : textFrames)
         UserText::write(tag, QString::fromUtf16(frame.description), frame.text(song));
+    writeCuesheet(tag, song);
 }

@@ -1,5 +1,6 @@
 #include "Song.h"
 
+#include "CacheRecord.h"
 #include "FileTools.h"
 #include "Platform.h"
 #include "SongAudioDataQt.h"
@@ -65,6 +66,10 @@ Song::Song(const QString &path, bool missingFile)
     load(&cached);
 }
 
+Song::Song(const QString &path)
+    : filename(path)
+{ }
+
 Song::~Song()
 {
     releaseAudio();
@@ -76,8 +81,8 @@ bool Song::load(bool *fromCache)
     modified = file.lastModified();
     readonly = !file.isWritable();
     const bool loaded = runLoadChain(file, fromCache);
-    if (loaded && version_tarvelo < tagFormatVersion)
-        shiftPositions(-oldFormatDelayMs);
+    if (loaded)
+        noteLoaded();
     delivered = delivered || loaded;
     return loaded;
 }
@@ -94,9 +99,26 @@ bool Song::runLoadChain(const QFileInfo &file, bool *fromCache)
     if (!loadFrom(SongStoreTagsSlot, *this, file))
         return false;
     saveTo(SongStoreNullSlot, *this);
+    incomplete = false;
     saveTo(SongStoreCacheSlot, *this);
+    cuesheet.letGo();
     loadFrom(SongStoreDatabaseSlot, *this, file);
     return true;
+}
+
+void Song::noteLoaded()
+{
+    correctOldPositions();
+    cuesheet.addTo(cuesheetSources);
+    asLoaded.reset(incomplete ? new Song(filename) : nullptr);
+    if (asLoaded)
+        CacheRecord::copy(*this, *asLoaded);
+}
+
+void Song::correctOldPositions()
+{
+    if (version_tarvelo < tagFormatVersion)
+        shiftPositions(-oldFormatDelayMs);
 }
 
 bool Song::reload()
@@ -106,11 +128,30 @@ bool Song::reload()
 
 bool Song::save()
 {
-    const bool saved = delivered && runSaveChain();
+    const bool saved = delivered && makeWhole() && runSaveChain();
+    cuesheet.addTo(cuesheetSources);
+    if (saved)
+        cuesheet.letGo();
     resetCountDowns();
     if (!saved)
         qCritical() << "Save File failed:" << filename;
     return saved;
+}
+
+// What only the files hold is read before the first of them changes.
+bool Song::makeWhole()
+{
+    cuesheet.holdForCopies(cuesheetSources);
+    if (incomplete) {
+        Song whole(filename);
+        const QFileInfo file(filename);
+        if (!loadFrom(SongStoreTagsSlot, whole, file))
+            return false;
+        whole.correctOldPositions();
+        CacheRecord::fill(*this, *asLoaded, whole);
+        asLoaded.reset();
+    }
+    return cuesheet.fetch();
 }
 
 bool Song::runSaveChain()
@@ -119,10 +160,12 @@ bool Song::runSaveChain()
     // say so, or they would be moved once more at the next load.
     const int versionBefore = version_tarvelo;
     version_tarvelo = tagFormatVersion;
+    aheadOfFile = true;
     saveTo(SongStoreNullSlot, *this);
     saveTo(SongStoreCacheSlot, *this);
     saveTo(SongStoreDatabaseSlot, *this);
     const bool saved = saveTo(SongStoreTagsSlot, *this);
+    aheadOfFile = false;
     if (!saved)
         version_tarvelo = versionBefore;
     return saved;
@@ -130,6 +173,7 @@ bool Song::runSaveChain()
 
 bool Song::removeFromDisk()
 {
+    cuesheet.holdForCopies(cuesheetSources);
     if (!Platform::moveToRecycleBin(filename))
         return false;
     removeFrom(SongStoreNullSlot, *this);
@@ -245,7 +289,10 @@ void Song::shiftPositions(int ms)
     positions.shift(ms);
 }
 
-void Song::resetCountDowns() { }
+void Song::resetCountDowns()
+{
+    countdowns.reset(bpm.toInt());
+}
 
 void Song::decodeAudio()
 {

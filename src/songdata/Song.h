@@ -1,6 +1,8 @@
 #pragma once
 
+#include "CountDownList.h"
 #include "Cuesheet.h"
+#include "DanceEventList.h"
 #include "SongPositions.h"
 
 #include <QAudioFormat>
@@ -73,7 +75,9 @@ public:
     bool load(bool *cached);
     bool reload();
     // Runs the save chain; true when the music file was written. Does not look at readonly. A
-    // record that no load ever filled is not written: it would wipe what the file holds.
+    // record that no load ever filled is not written: it would wipe what the file holds. What the
+    // record does not hold itself (see isIncomplete() and Cuesheet) is read before anything is
+    // written; false when it can't be read.
     bool save();
     // Moves the file to the recycle bin, without a dialog. True when the file is gone.
     bool removeFromDisk();
@@ -125,6 +129,11 @@ public:
     int getRatingStars() const;
     bool isSelected() const { return selected; }
     bool isCached() const { return cached; }
+    // True when a damaged cache file delivered the song: what it holds may be empty or wrong in
+    // the record alone. A save first takes from the music file what nobody has changed since.
+    bool isIncomplete() const { return incomplete; }
+    // True while a save has not reached the music file yet.
+    bool isAheadOfFile() const { return aheadOfFile; }
     const SongPositions &getPositions() const { return positions; }
     SongPositions &getPositions() { return positions; }
     bool hasPositions() const { return positions.count() > 0; }
@@ -132,6 +141,10 @@ public:
     Cuesheet &getCuesheet() { return cuesheet; }
     QByteArray getCuesheetData() const { return cuesheet.data(); }
     bool hasChoreography() const { return cuesheet.isPresent(); }
+    const DanceEventList &getDanceEvents() const { return danceEvents; }
+    DanceEventList &getDanceEvents() { return danceEvents; }
+    const CountDownList &getCountDowns() const { return countdowns; }
+    CountDownList &getCountDowns() { return countdowns; }
 
     void setFrequency(int hertz) { frequency = hertz; }
     void setChannels(int count) { channels = count; }
@@ -169,6 +182,7 @@ public:
     // Leaves a rating alone that already shows this many stars.
     void setRatingStars(int stars);
     void setSelected(bool mark) { selected = mark; }
+    void setIncomplete(bool isSo) { incomplete = isSo; }
 
     // File name for an export: title, artist, choreographer and level, cleaned of what no file
     // name can have, plus "." and suffix. levelShort stands for the level
@@ -194,6 +208,11 @@ public:
     const QAudioFormat &getFormat() const { return format; }
 
 private:
+    // Defaults alone: nothing is loaded.
+    explicit Song(const QString &filename);
+    void noteLoaded();
+    void correctOldPositions();
+    bool makeWhole();
     bool runLoadChain(const QFileInfo &file, bool *fromCache);
     bool runSaveChain();
     int detectBpm() const;
@@ -217,7 +236,7 @@ private:
     QString tempo = QStringLiteral("0.0");
     QString volume = QStringLiteral("1.0");
     QString level;
-    bool missingFileFlag;
+    bool missingFileFlag = false;
     QDateTime modified;
     QString song_id;
     QString iswc_id;
@@ -232,10 +251,17 @@ private:
     bool selected = false;
     bool cached = false;
     bool delivered = false;
+    bool incomplete = false;
+    // An incomplete record as it was loaded; null for any other.
+    std::unique_ptr<Song> asLoaded;
+    bool aheadOfFile = false;
     QAudioFormat format;
     std::shared_ptr<SongAudioData> audioData;
+    DanceEventList danceEvents;
     SongPositions positions;
     Cuesheet cuesheet;
+    Cuesheet::Sources cuesheetSources;
+    CountDownList countdowns;
 };
 
 using SongPtr = QSharedPointer<Song>;

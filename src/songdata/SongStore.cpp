@@ -1,5 +1,8 @@
 #include "SongStore.h"
 
+#include "SafeFile.h"
+#include "SongStoreCache.h"
+#include "SongStoreDatabase.h"
 #include "SongStoreTags.h"
 
 namespace {
@@ -23,8 +26,13 @@ std::unique_ptr<SongStores> &chain()
 
 void createSongStores()
 {
+    // The one connection has to be gone before it is opened again.
+    destroySongStores();
+    SafeFile::recover();
     auto stores = std::make_unique<SongStores>();
+    stores->slot[SongStoreDatabaseSlot] = std::make_unique<SongStoreDatabase>();
     stores->slot[SongStoreNullSlot] = std::make_unique<SongStoreNull>();
+    stores->slot[SongStoreCacheSlot] = std::make_unique<SongStoreCache>();
     stores->slot[SongStoreTagsSlot] = std::make_unique<SongStoreTags>();
     chain() = std::move(stores);
 }

@@ -33,7 +33,8 @@ struct SongStores
 };
 
 // The one chain of the program: made after the player, torn down before it, by the application
-// object. Before it is made, and after, songs load nothing and save nothing.
+// object. Before it is made, and after, songs load nothing and save nothing. Making it finishes the
+// saves that were cut off when an earlier process was killed.
 void createSongStores();
 void destroySongStores();
 // Null while there is no chain.

@@ -2,6 +2,8 @@
 
 #include "SongStore.h"
 
+#include <QByteArray>
+
 // The music file itself: the general fields of every format, and in an mp3 the ID3v2 frames that
 // carry the dance. Frames and fields that this program does not know stay as they are, and so
 // does every field whose value has not changed.
@@ -15,4 +17,8 @@ public:
     bool save(Song &song) override;
     // The file itself is removed by Song; there is nothing else to remove.
     bool remove(const Song &song) override;
+
+    // The choreography in the tag of this music file; empty when there is none or it can't be
+    // read.
+    static QByteArray cuesheetOf(const QString &path);
 };

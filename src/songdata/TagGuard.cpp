@@ -27,6 +27,8 @@ struct FoundFrame
 {
     bool isNamed;
     bool isPacked;
+    // The library can't read it and writes it back without saying so any more.
+    bool isEncrypted;
     ByteVector id;
     unsigned int headerSize;
     unsigned int size;
@@ -47,9 +49,10 @@ FoundFrame frameAt(const ByteVector &data, unsigned int version)
     if (version == 3 && id.size() == 4 && id[3] == '\0')
         id.resize(3);
     if (data.size() <= headerSize || !isFrameId(id))
-        return {false, false, id, headerSize, 0};
+        return {false, false, false, id, headerSize, 0};
     const FrameAccess::Reader header(data, version);
-    return {true, version > 2 && data[9] != 0, id, headerSize, header.frameSize()};
+    return {true,       version > 2 && data[9] != 0, header.encryption(), id,
+            headerSize, header.frameSize()};
 }
 
 bool hasMark(const ByteVector &text)
@@ -124,7 +127,7 @@ void TagWalk::walk()
         ByteVector content = rest.mid(frame.headerSize, frame.size);
         if (version > 3 && header.unsynchronisation())
             content = SynchData::decode(content);
-        unreadable = unreadable || holdsUnreadableText(frame, content);
+        unreadable = unreadable || frame.isEncrypted || holdsUnreadableText(frame, content);
         position += frame.wholeSize();
     }
 }

@@ -52,6 +52,23 @@ ByteVector asBigEndian(ByteVector frame)
     return frame;
 }
 
+#ifdef Q_OS_WIN
+std::wstring nameOf(const QString &path)
+{
+    return path.toStdWString();
+}
+#else
+std::string nameOf(const QString &path)
+{
+    return QFile::encodeName(path).toStdString();
+}
+#endif
+
+QByteArray bytesOf(const ByteVector &data)
+{
+    return QByteArray(data.data(), static_cast<qsizetype>(data.size()));
+}
+
 bool isLookedInto(const ByteVector &tag)
 {
     return tag.size() > headerSize && tag.startsWith("ID3") && (tag[3] == 3 || tag[3] == 4)
@@ -87,40 +104,68 @@ ByteVector mendedId3Tag(const ByteVector &tag)
     return result.resize(tag.size(), 0);
 }
 
-TagStream::TagStream(TagLib::FileName path)
-    : FileStream(path)
+TagStream::TagStream(const QString &path, FileEdit::Access access)
+    : nativeName(nameOf(path))
+    , edit(path, access)
 {
-    if (!isOpen())
-        return;
-    const ByteVector header = FileStream::readBlock(headerSize);
-    seek(0);
+    const ByteVector header = readBlock(headerSize);
+    place = 0;
     if (!header.startsWith("ID3") || header.size() < headerSize)
         return;
-    const unsigned int size = TagLib::ID3v2::SynchData::toUInt(header.mid(6, 4));
-    mended = mendedId3Tag(FileStream::readBlock(headerSize + size));
-    seek(0);
+    const ByteVector tag
+        = readBlock(headerSize + TagLib::ID3v2::SynchData::toUInt(header.mid(6, 4)));
+    place = 0;
+    if (const ByteVector mended = mendedId3Tag(tag); !mended.isEmpty())
+        edit.replace(0, tag.size(), bytesOf(mended));
+}
+
+// The library leaves 1024 bytes of padding and takes back what is more than that and more than a
+// hundredth of the file.
+void TagStream::addRoom()
+{
+    constexpr qint64 wanted = 8192;
+    constexpr qint64 given = 1024;
+    const qint64 more = std::min(wanted, edit.size() / 100) - given;
+    const QByteArray header = edit.read(0, headerSize);
+    if (more <= 0 || edit.keepsPlaces() || !header.startsWith("ID3\4") || header[5] != 0)
+        return;
+    const qint64 size = TagLib::ID3v2::SynchData::toUInt(ByteVector(header.constData() + 6, 4));
+    edit.replace(headerSize + size, 0, QByteArray(more, '\0'));
+    const auto newSize = static_cast<unsigned int>(size + more);
+    edit.replace(6, 4, bytesOf(TagLib::ID3v2::SynchData::fromUInt(newSize)));
+}
+
+TagLib::FileName TagStream::name() const
+{
+    return nativeName.c_str();
 }
 
 ByteVector TagStream::readBlock(unsigned long length)
 {
-    const long start = tell();
-    ByteVector block = FileStream::readBlock(length);
-    for (long at = start; at < start + static_cast<long>(block.size()); ++at) {
-        if (at >= static_cast<long>(mended.size()))
-            break;
-        block[static_cast<int>(at - start)] = mended[static_cast<int>(at)];
-    }
-    return block;
+    const QByteArray bytes = edit.read(place, static_cast<qint64>(length));
+    place += static_cast<long>(bytes.size());
+    return ByteVector(bytes.constData(), static_cast<unsigned int>(bytes.size()));
+}
+
+void TagStream::writeBlock(const ByteVector &data)
+{
+    edit.replace(place, data.size(), bytesOf(data));
+    place += static_cast<long>(data.size());
 }
 
 void TagStream::insert(const ByteVector &data, unsigned long start, unsigned long replace)
 {
-    mended.clear();
-    FileStream::insert(data, start, replace);
+    edit.replace(static_cast<qint64>(start), static_cast<qint64>(replace), bytesOf(data));
+    place = static_cast<long>(start + data.size());
 }
 
 void TagStream::removeBlock(unsigned long start, unsigned long length)
 {
-    mended.clear();
-    FileStream::removeBlock(start, length);
+    edit.replace(static_cast<qint64>(start), static_cast<qint64>(length), {});
+}
+
+void TagStream::seek(long offset, Position from)
+{
+    const long base = from == Beginning ? 0 : from == Current ? place : length();
+    place = std::max(0L, base + offset);
 }

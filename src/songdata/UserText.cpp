@@ -28,13 +28,28 @@ QString valueOf(const UserTextIdentificationFrame &frame)
     return fields.size() < 2 ? QString() : TagText::fromTag(fields[1]);
 }
 
-void removeAll(Tag &tag, const QString &description)
+} // namespace
+
+std::optional<QString> UserText::exactly(const Tag &tag, const QString &description)
+{
+    const auto *frame = frameOf(tag, description);
+    return frame ? std::optional(valueOf(*frame)) : std::nullopt;
+}
+
+void UserText::replace(Tag &tag, const QString &description, const QString &text)
+{
+    removeAll(tag, description);
+    auto *frame = new UserTextIdentificationFrame(TagLib::String::Latin1);
+    frame->setDescription(TagText::toTag(description));
+    frame->setText(TagText::toTag(text));
+    tag.addFrame(frame);
+}
+
+void UserText::removeAll(Tag &tag, const QString &description)
 {
     while (auto *frame = frameOf(tag, description))
         tag.removeFrame(frame, true);
 }
-
-} // namespace
 
 QString UserText::find(const Tag &tag, const QString &description)
 {
@@ -52,11 +67,8 @@ void UserText::write(Tag &tag, const QString &description, const QString &text)
     // What others put behind the first value would be lost.
     if (present && !text.isEmpty() && present->fieldList().size() > 2 && valueOf(*present) == text)
         return;
-    removeAll(tag, description);
     if (text.isEmpty())
-        return;
-    auto *frame = new UserTextIdentificationFrame(TagLib::String::Latin1);
-    frame->setDescription(TagText::toTag(description));
-    frame->setText(TagText::toTag(text));
-    tag.addFrame(frame);
+        removeAll(tag, description);
+    else
+        replace(tag, description, text);
 }

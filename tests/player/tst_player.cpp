@@ -38,6 +38,7 @@ private Q_SLOTS:
     void cleanup();
 
     void withoutASongNothingPlays();
+    void aNewSongRenewsItsCountDowns();
     void startTellsTheTimeInSteps();
     void stopGoesToTheBeginning();
     void pauseKeepsTheTime();
@@ -129,6 +130,20 @@ SongPtr TestPlayer::newSong(double seconds, const QString &suffix, int rate, int
 bool TestPlayer::playBeyond(int ms)
 {
     return QTest::qWaitFor([this, ms] { return player->getPlaytime() > ms; }, ms + 5000);
+}
+
+void TestPlayer::aNewSongRenewsItsCountDowns()
+{
+    song->setBpm(u"120"_qs);
+    CountDownItem *item = song->getCountDowns().addNew();
+    item->setIgnition(10000);
+    item->setCountStart(9);
+    QCOMPARE(item->getStartTime(), 0);
+    player->setSong(song);
+    QCOMPARE(item->getStartTime(), 5500);
+    song->setBpm(u"60"_qs);
+    player->setSong(song);
+    QCOMPARE(item->getStartTime(), 1000);
 }
 
 void TestPlayer::withoutASongNothingPlays()

@@ -1,6 +1,7 @@
 #include "SongFiles.h"
 
 #include "Samples.h"
+#include "Song.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -97,4 +98,36 @@ QStringList SongFiles::userTexts(const QJsonObject &dump, const QString &descrip
             result.append(frame.value(u"text").toArray().at(0).toString());
     }
     return result;
+}
+
+QStringList SongFiles::fieldsOf(const Song &song)
+{
+    QJsonObject lists;
+    song.getPositions().toJson(lists);
+    song.getDanceEvents().toJson(lists);
+    song.getCountDowns().toJson(lists);
+    song.getCuesheet().toJson(lists);
+    return {song.getAdaptedBy(),
+            song.getAlbum(),
+            song.getArtist(),
+            song.getBpm(),
+            song.getChoreographer(),
+            song.getComment(),
+            song.getCueOwner(),
+            song.getGenre(),
+            song.getLastPitch(),
+            song.getLastTempo(),
+            song.getLastVolume(),
+            song.getLevel(),
+            song.getSongId(),
+            song.getTitle(),
+            song.getTrackNum(),
+            song.getYear(),
+            song.getIswcId(),
+            QString::number(song.getFrequency()),
+            QString::number(song.getChannels()),
+            QString::number(song.getPlayLength()),
+            QString::number(song.getRating()),
+            QString::number(song.getVersionTag()),
+            QString::fromUtf8(QJsonDocument(lists).toJson(QJsonDocument::Compact))};
 }

@@ -9,6 +9,8 @@
 
 #include <functional>
 
+class Song;
+
 namespace TagLib::ID3v2 {
 class Tag;
 }
@@ -30,6 +32,9 @@ QJsonObject dump(const QString &file);
 // The contents of all frames with this id; of user texts: those with this description.
 QJsonArray frames(const QJsonObject &dump, const QString &id);
 QStringList userTexts(const QJsonObject &dump, const QString &description);
+
+// All that the tag and the cache both deliver of a song, as text.
+QStringList fieldsOf(const Song &song);
 
 } // namespace SongFiles
 

@@ -44,7 +44,6 @@ private Q_SLOTS:
     void positionsAreWrittenInOrder();
     void aSongWithoutPositionsHasAnEmptyFrame();
     void theFirstLyricsFrameIsTaken();
-    void framesOfLaterWorkStayAsTheyAre();
 
 private:
     QDir files() const { return QDir(directory->path()); }
@@ -453,24 +452,6 @@ void TestId3Frames::theFirstLyricsFrameIsTaken()
     QVERIFY(song.save());
     const Song again(path, false);
     QCOMPARE(again.getPositions().at(0), Position(70, QString(), u"sung"_qs));
-}
-
-void TestId3Frames::framesOfLaterWorkStayAsTheyAre()
-{
-    const QString path = SongFiles::tone(files());
-    SongFiles::edit(path, [](Tag &tag) {
-        SongFiles::addUserText(tag, "DanceEvents", "Training\tTuesday\t1600000000\t5\n");
-        SongFiles::addUserText(tag, "Countdowns", "{\"countdowns\":[{\"count_start\":4}]}");
-        SongFiles::addUserText(tag, "Cuesheet", "JVBERi0xLjQK");
-    });
-    const QJsonObject before = SongFiles::dump(path);
-    Song song(path, false);
-    song.setTitle(u"new"_qs);
-    QVERIFY(song.save());
-    const QJsonObject after = SongFiles::dump(path);
-    for (const QString &description : {u"DanceEvents"_qs, u"Countdowns"_qs, u"Cuesheet"_qs})
-        QCOMPARE(SongFiles::userTexts(after, description),
-                 SongFiles::userTexts(before, description));
 }
 
 TARVELO_TEST_MAIN(TestId3Frames, QGuiApplication)

@@ -88,6 +88,10 @@ void TestTagGuard::tagsThatWouldLoseSomethingAreNotSaved_data()
     QTest::newRow("extended header") << tag(3, extension + artist, 20, 0x40);
     QTest::newRow("frame beyond the end")
         << tag(3, artist + code, 0).replace("\5\0\0\0code", "\x7e\0\0\0code");
+    QTest::newRow("encrypted, version 2.3")
+        << tag(3, artist + frame("SYLT", QByteArray(20, 'x'), QByteArray("\0\x40", 2)));
+    QTest::newRow("encrypted, version 2.4")
+        << tag(4, artist + frame("SYLT", QByteArray(20, 'x'), QByteArray("\0\x04", 2)));
     QTest::newRow("frame behind padding") << tag(3, artist + QByteArray(30, 0) + code);
     QTest::newRow("bytes in the size that can't be")
         << tag(3, artist).replace(6, 4, QByteArray("\0\0\0\xa0", 4));

@@ -1,5 +1,6 @@
 #include "TagStream.h"
 
+#include "PlatformFiles.h"
 #include "Song.h"
 #include "SongFiles.h"
 #include "TagBytes.h"
@@ -27,6 +28,7 @@ private Q_SLOTS:
     void aFileIsReadAndSavedWhole_data();
     void aFileIsReadAndSavedWhole();
     void loadingWritesNothing();
+    void manyPlaysAreSavedInPlace();
 };
 
 namespace {
@@ -159,6 +161,30 @@ void TestTagStream::loadingWritesNothing()
     QCOMPARE(Song(path, false).getArtist(), u"artist"_qs);
     QVERIFY(file.open(QIODevice::ReadOnly));
     QCOMPARE(file.readAll(), whole);
+}
+
+// A copy of the whole song at every other play would cost too much while the music plays.
+void TestTagStream::manyPlaysAreSavedInPlace()
+{
+    const QString path = SongFiles::tone(QDir::current(), u"long.mp3"_qs);
+    QFile music(path);
+    QVERIFY(music.open(QIODevice::ReadWrite));
+    const QByteArray once = music.readAll();
+    while (music.size() < 2'000'000)
+        music.write(once);
+    music.close();
+    Song song(path, false);
+    int copies = 0;
+    for (int play = 0; play < 100; ++play) {
+        const auto before = Platform::fileState(path);
+        song.getDanceEvents().addPlay(5);
+        QVERIFY(song.save());
+        copies += Platform::fileState(path)->isSameFile(*before) ? 0 : 1;
+    }
+    QCOMPARE(copies, 1);
+    QCOMPARE(Song(path, false).getDanceEvents().count(), 100);
+    const QJsonObject dump = SongFiles::dump(path);
+    QCOMPARE(SongFiles::userTexts(dump, u"DanceEvents"_qs).value(0).count(u'\n'), 100);
 }
 
 TARVELO_TEST_MAIN(TestTagStream, QGuiApplication)
