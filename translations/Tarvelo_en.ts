@@ -213,6 +213,20 @@
     </message>
 </context>
 <context>
+    <name>PlaylistFile</name>
+    <message>
+        <source>&lt;Neue Playlist&gt;</source>
+        <translation>&lt;New Playlist&gt;</translation>
+    </message>
+</context>
+<context>
+    <name>PlaylistMaster</name>
+    <message>
+        <source>&lt;Musikbibliothek&gt;</source>
+        <translation>&lt;Music Library&gt;</translation>
+    </message>
+</context>
+<context>
     <name>PositionsHeader</name>
     <message>
         <source>ang. von</source>

@@ -61,3 +61,8 @@ void Tarvelo::rescan()
     player->setSong({});
     songManager->loadAllLists();
 }
+
+void Tarvelo::rescanPlaylists()
+{
+    songManager->loadPlaylists();
+}

@@ -28,6 +28,8 @@ public:
 public Q_SLOTS:
     // Takes the song from the player, then reads the whole library anew.
     void rescan();
+    // Reads the playlists anew; the song plays on.
+    void rescanPlaylists();
 
 private:
     static void loadSymbolFont();

@@ -86,7 +86,7 @@ void SongListTableModel::setHighIntermediateName(const QString &name)
 void SongListTableModel::refresh()
 {
     beginResetModel();
-    songs = manager->getSongs().values();
+    songs = manager->getMasterList()->songs();
     endResetModel();
 }
 

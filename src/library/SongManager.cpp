@@ -1,5 +1,7 @@
 #include "SongManager.h"
 
+#include "FilesIn.h"
+#include "SafeFile.h"
 #include "Settings.h"
 
 #include <QDir>
@@ -8,31 +10,19 @@ namespace {
 
 constexpr int mostLinks = 8;
 
-QStringList musicFiles(QDir &directory)
+const QStringList &musicNames()
 {
-    directory.setNameFilters({QStringLiteral("*.mp3"), QStringLiteral("*.m4a"),
-                              QStringLiteral("*.flac"), QStringLiteral("*.ogg")});
-    QStringList names;
-    for (const QFileInfo &entry :
-         directory.entryInfoList(QDir::Files | QDir::Readable, QDir::NoSort)) {
-        // A link to a pipe or a device is listed too.
-        if (entry.isFile())
-            names.append(entry.fileName());
-    }
-    return names;
-}
-
-// QDir takes a name that begins with ":" for a path of its own.
-QString pathIn(const QDir &directory, const QString &name)
-{
-    const QString path = directory.absolutePath();
-    return path.endsWith(u'/') ? path + name : path + u'/' + name;
+    static const QStringList filters{QStringLiteral("*.mp3"), QStringLiteral("*.m4a"),
+                                     QStringLiteral("*.flac"), QStringLiteral("*.ogg")};
+    return filters;
 }
 
 } // namespace
 
 SongManager::SongManager(QObject *parent)
     : QObject(parent)
+    , masterList(new PlaylistMaster(this))
+    , tempList(new PlaylistFile(this))
 { }
 
 SongPtr SongManager::getSong(const QString &filename) const
@@ -60,24 +50,31 @@ void SongManager::loadSongList()
 {
     musicDir = Settings::musicDir();
     cacheDir = Settings::cacheDir();
+    QStringList directories;
     // An empty name would mean the working directory.
-    const QStringList directories = musicDir.isEmpty() ? QStringList() : QStringList(musicDir);
+    if (!musicDir.isEmpty()) {
+        directories.append(musicDir);
+        // It may be another one than at the start of the program.
+        SafeFile::recoverIn(musicDir);
+    }
     scanCounter = 0;
     linksFollowed.clear();
-    Q_EMIT notifySongCount(scanDirectories(directories, nullptr, {}, ScanPass::Count));
+    QList<Folder> folders;
+    Q_EMIT notifySongCount(findFolders(directories, nullptr, {}, folders));
     songs.clear();
-    linksFollowed.clear();
-    scanDirectories(directories, nullptr, {}, ScanPass::Load);
+    for (const Folder &folder : std::as_const(folders))
+        loadFiles(folder);
     updateAllLists();
 }
 
 void SongManager::loadAllLists()
 {
     loadSongList();
+    loadPlaylists();
 }
 
-int SongManager::scanDirectories(const QStringList &directories, const QDir *parent,
-                                 const QStringList &ancestors, ScanPass pass)
+int SongManager::findFolders(const QStringList &directories, const QDir *parent,
+                             const QStringList &ancestors, QList<Folder> &found)
 {
     int count = 0;
     for (const QString &entry : directories) {
@@ -88,27 +85,20 @@ int SongManager::scanDirectories(const QStringList &directories, const QDir *par
             continue;
         if (QFileInfo(directory.path()).isSymLink() && ++linksFollowed[place] > mostLinks)
             continue;
-        const QStringList files = musicFiles(directory);
-        if (pass == ScanPass::Count)
-            count += static_cast<int>(files.size());
-        else
-            loadFiles(directory, files);
-        const QStringList below = directory.entryList(
-            QDir::AllDirs | QDir::Executable | QDir::NoDot | QDir::NoDotDot, QDir::NoSort);
-        count += scanDirectories(below, &directory, ancestors + QStringList(place), pass);
+        directory.setNameFilters(musicNames());
+        const EntriesIn entries = entriesIn(directory);
+        found.append({directory, entries.files});
+        count += static_cast<int>(entries.files.size());
+        count
+            += findFolders(entries.directories, &directory, ancestors + QStringList(place), found);
     }
     return count;
 }
 
-void SongManager::loadFiles(const QDir &directory, const QStringList &files)
+void SongManager::loadFiles(const Folder &folder)
 {
-    for (const QString &file : files) {
-        const SongPtr song = insertSong(pathIn(directory, file));
+    for (const QString &file : folder.files) {
+        const SongPtr song = insertSong(pathIn(folder.directory, file));
         Q_EMIT notifySongScanned(++scanCounter, file, song->isCached());
     }
-}
-
-void SongManager::updateAllLists()
-{
-    Q_EMIT notifyListsChanged();
 }

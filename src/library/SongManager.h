@@ -1,32 +1,63 @@
 #pragma once
 
-#include "Song.h"
+#include "PlaylistFile.h"
+#include "PlaylistMaster.h"
 
+#include <QDir>
 #include <QHash>
+#include <QList>
 #include <QObject>
 #include <QStringList>
 
-class QDir;
-
-// The library: every song found under the music directory, by file name. A member of the
-// application object; lives as long as the program, on the GUI thread.
-class SongManager : public QObject
+// The library: every song found under the music directory, by file name, and the lists that show
+// songs. A member of the application object; lives as long as the program, on the GUI thread.
+// Lists are shared: who still shows one that the manager has let go of keeps it alive.
+class SongManager : public QObject, public SongLibrary
 {
     Q_OBJECT
 
 public:
     explicit SongManager(QObject *parent = nullptr);
 
-    // The song with this path, or an empty pointer.
-    SongPtr getSong(const QString &filename) const;
-    const QHash<QString, SongPtr> &getSongs() const { return songs; }
+    SongPtr getSong(const QString &filename) const override;
+    const QHash<QString, SongPtr> &getSongs() const override { return songs; }
     // Loads the file as a song and tells the lists, unless the library holds it already. Always
     // true: a file that can't be read is a song with defaults.
-    bool addSong(const QString &filename);
+    bool addSong(const QString &filename) override;
+    // False for a path that the library doesn't hold.
+    bool removeSong(const QString &filename, bool fromPlaylists) override;
+    // Gives the entries of a song that has moved its new path, in every playlist.
+    void renameSong(const QString &oldPath, const QString &newPath);
+
+    // All songs of the library; always the same list.
+    const QSharedPointer<PlaylistMaster> &getMasterList() const { return masterList; }
+    // The working list; another one once this has been saved under a name.
+    const QSharedPointer<PlaylistFile> &getTempList() const { return tempList; }
+    // 0 the master list, 1 the working list, from 2 on the playlist files in the order of their
+    // names; an empty pointer for any other index.
+    PlaylistPtr getPlaylist(int index) const;
+    // In the same numbering.
+    QStringList getPlaylistNames() const;
+    // A list for this file, which need not be there. Any other list of the file goes.
+    PlaylistPtr newPlaylist(const QString &path);
+    // Deletes the playlist's file and lets go of every list of it. False when the file stays.
+    bool removePlaylist(const PlaylistPtr &playlist);
+    bool savePlaylist(const PlaylistPtr &playlist);
+    // Writes the list to the file, for which it stands from now on; the file it came from stays
+    // as a list of its own. A list that the manager has let go of is taken in again. A list without
+    // a file is the working list: a new one takes its place. Any other list of the overwritten file
+    // goes. False, with nothing changed, when the file could not be written.
+    bool savePlaylistAs(const PlaylistPtr &playlist, const QString &filename);
+    // Has every list build its songs anew and tells those who show one.
+    void updateAllLists();
 
 public Q_SLOTS:
     // Reads the music directory anew, blocking until the last file is read.
     void loadSongList();
+    // Reads the playlists of the playlist directory anew, not those below it. Changes that were
+    // not saved are gone.
+    void loadPlaylists();
+    // The songs, then the playlists.
     void loadAllLists();
 
 Q_SIGNALS:
@@ -34,26 +65,40 @@ Q_SIGNALS:
     void notifySongCount(int count);
     // File number x of the scan (from 1) has been read; name without directory.
     void notifySongScanned(int x, QString f, bool cached);
-    // The library's songs have changed: whoever shows them fetches them again.
+    // The songs of a list have changed: whoever shows one fetches them again.
     void notifyListsChanged();
 
 private:
-    enum class ScanPass { Count, Load };
+    struct Folder
+    {
+        QDir directory;
+        QStringList files;
+    };
 
     SongPtr insertSong(const QString &filename);
-    // The number of music files in and below the directories, which are told relative to parent
-    // if there is one. A directory that is one of its own ancestors (canonical paths) is left out,
-    // and to each at most eight links are followed: directories that link one another have more
-    // paths than a scan could ever walk.
-    int scanDirectories(const QStringList &directories, const QDir *parent,
-                        const QStringList &ancestors, ScanPass pass);
-    void loadFiles(const QDir &directory, const QStringList &files);
-    void updateAllLists();
+    // Finds what is in and below the directories, which are told relative to parent if there is
+    // one, each before its own directories, and answers the number of music files. A directory that
+    // is one of its own ancestors (canonical paths) is left out, and to each at most eight links
+    // are followed: directories that link one another have more paths than a scan could ever walk.
+    int findFolders(const QStringList &directories, const QDir *parent,
+                    const QStringList &ancestors, QList<Folder> &found);
+    void loadFiles(const Folder &folder);
+    void loadPlaylistFiles(const QString &path);
+    PlaylistPtr loadPlaylist(const QString &path);
+    // Those of the playlists that stand for this file.
+    QList<PlaylistPtr> listsOf(const QString &path) const;
+    void dropLists(const QList<PlaylistPtr> &lists);
+    void sortPlaylists();
+    // The playlist files and the working list.
+    QList<PlaylistPtr> listsBesideMaster() const;
 
     QHash<QString, SongPtr> songs;
     QString cacheDir;
     QString musicDir;
+    QSharedPointer<PlaylistMaster> masterList;
+    QSharedPointer<PlaylistFile> tempList;
+    QList<PlaylistPtr> playlists;
     int scanCounter = 0;
-    // By the canonical path of the directory; in one pass.
+    // By the canonical path of the directory; in one scan.
     QHash<QString, int> linksFollowed;
 };
