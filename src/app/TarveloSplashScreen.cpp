@@ -12,6 +12,9 @@
 
 namespace {
 
+// A screen shows no more pictures than one in this time.
+constexpr int pictureMs = 16;
+
 // The translations are loaded later than the splash screen shows, so the word comes from here.
 QString progressWord()
 {
@@ -52,7 +55,7 @@ QFrame *TarveloSplashScreen::makeLogo()
 
 QFrame *TarveloSplashScreen::makeInfo()
 {
-    auto *info = new QFrame(this);
+    info = new QFrame(this);
     info->setObjectName(QStringLiteral("frameSplashInfo"));
     info->setFixedWidth(300);
     info->setStyleSheet(QStringLiteral("QFrame { background-color: black; border-radius: 15px; }"));
@@ -93,7 +96,17 @@ void TarveloSplashScreen::setSplashProgress(int value, const QString &fileName, 
     const QString mark = cached ? QStringLiteral(" ▶▶") : QString();
     labelSplashProgress->setText(
         QStringLiteral("%4 %1%3\n%2").arg(QString::number(value), fileName, mark, word));
+    if (!shown.isValid() || shown.hasExpired(pictureMs) || value == progressBar->maximum())
+        showProgress();
+}
+
+// In between nothing is painted, least of all by the bar, which does so at once when it is set.
+void TarveloSplashScreen::showProgress()
+{
+    info->setUpdatesEnabled(true);
     QCoreApplication::processEvents();
+    info->setUpdatesEnabled(false);
+    shown.start();
 }
 
 void TarveloSplashScreen::finish()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDialog>
+#include <QElapsedTimer>
 
 class QFrame;
 class QLabel;
@@ -19,7 +20,8 @@ public:
 public Q_SLOTS:
     // Number of files that the scan reads.
     void setRange(int max);
-    // File number value has been read; runs the event loop so that it shows.
+    // File number value has been read. Runs the event loop so that it shows: for the first file,
+    // the last one, and in between as often as a screen can show another.
     void setSplashProgress(int value, const QString &fileName, bool cached);
 
     void reject() override { }
@@ -31,10 +33,13 @@ protected:
 private:
     QFrame *makeLogo();
     QFrame *makeInfo();
+    void showProgress();
     void centerOnScreen();
 
     QString word; // "Lese Datei" in the language of the settings
     bool finished = false;
+    QElapsedTimer shown; // since the progress was last
+    QFrame *info = nullptr;
     QLabel *labelSplashProgress = nullptr;
     QProgressBar *progressBar = nullptr;
 };

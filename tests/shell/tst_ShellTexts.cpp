@@ -7,10 +7,34 @@
 #include "Theme.h"
 
 #include <QApplication>
+#include <QElapsedTimer>
+#include <QEvent>
 #include <QFrame>
 #include <QLabel>
 #include <QProgressBar>
 #include <QScreen>
+
+namespace {
+
+// What a label and a bar held whenever they were painted.
+class PaintLog : public QObject
+{
+public:
+    bool eventFilter(QObject *painted, QEvent *event) override
+    {
+        if (event->type() != QEvent::Paint)
+            return false;
+        if (const auto *label = qobject_cast<QLabel *>(painted))
+            texts.append(label->text());
+        if (const auto *bar = qobject_cast<QProgressBar *>(painted))
+            values.append(bar->value());
+        return false;
+    }
+    QStringList texts;
+    QList<int> values;
+};
+
+} // namespace
 
 class TestShellTexts : public QObject
 {
@@ -28,6 +52,7 @@ private Q_SLOTS:
     void splashWord_data();
     void splashWord();
     void splashProgress();
+    void splashPaintsNoMoreThanAScreen();
 
     void palettes_data();
     void palettes();
@@ -145,6 +170,29 @@ void TestShellTexts::splashProgress()
     const auto *label = splash.findChild<QLabel *>();
     QCOMPARE(label->text(), QStringLiteral("Lese Datei 7 ▶▶\n50%1 <b>#.mp3"));
     QCOMPARE(label->textFormat(), Qt::PlainText);
+}
+
+void TestShellTexts::splashPaintsNoMoreThanAScreen()
+{
+    constexpr int files = 5000;
+    TarveloSplashScreen splash;
+    splash.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&splash));
+    PaintLog paints;
+    for (QWidget *painted : {splash.findChild<QWidget *>(QStringLiteral("labelSplashProgress")),
+                             splash.findChild<QWidget *>(QStringLiteral("progressBar"))})
+        painted->installEventFilter(&paints);
+    QElapsedTimer timer;
+    timer.start();
+    splash.setRange(files);
+    for (int file = 1; file <= files; ++file)
+        splash.setSplashProgress(file, QStringLiteral("%1.mp3").arg(file), true);
+    const int most = static_cast<int>(timer.elapsed() / 16) + 3;
+    QVERIFY2(paints.texts.size() <= most, qPrintable(QString::number(paints.texts.size())));
+    QCOMPARE(paints.texts.constFirst(), QStringLiteral("Lese Datei 1 ▶▶\n1.mp3"));
+    QCOMPARE(paints.texts.constLast(), QStringLiteral("Lese Datei 5000 ▶▶\n5000.mp3"));
+    QVERIFY(paints.values.size() <= most);
+    QCOMPARE(paints.values.constLast(), files);
 }
 
 void TestShellTexts::palettes_data()
