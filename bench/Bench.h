@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QElapsedTimer>
+#include <QList>
 
 #include <algorithm>
 #include <cstdio>
@@ -27,6 +28,19 @@ template <typename Work> double best(int rounds, Work work)
         shortest = std::min(shortest, static_cast<double>(timer.nsecsElapsed()) / 1e6);
     }
     return shortest;
+}
+
+// One run, in milliseconds.
+template <typename Work> double once(Work work)
+{
+    return best(1, work);
+}
+
+// The middle one of some values, which are not empty: what the work takes as a rule.
+inline double median(QList<double> values)
+{
+    std::sort(values.begin(), values.end());
+    return values.at(values.size() / 2);
 }
 
 // One line: name and value.
