@@ -22,13 +22,21 @@ QString nameBeside(const QString &path)
 }
 
 // What a note tells: the names of both files, the old one's state, and behind that, once the two
-// are about to be exchanged, a mark.
+// are about to be exchanged, the new one's.
 struct Told
 {
     QString newer;
     QString older;
     FileState before;
     bool isExchangeBegun = false;
+    FileState made;
+
+    // Exactly: another program may write a file of this size at the same time.
+    bool isMade(const FileState &file) const
+    {
+        return file.number == made.number && file.size == made.size
+               && file.modified == made.modified;
+    }
 };
 
 // Nothing where the note can't be read; without names where it was cut off while it was written,
@@ -50,6 +58,7 @@ std::optional<Told> read(QFile &note)
     told.newer = SaveNotes::pathOf(newer, note);
     told.older = SaveNotes::pathOf(older, note);
     told.isExchangeBegun = !stream.atEnd();
+    stream >> told.made.number >> told.made.size >> told.made.modified;
     return told;
 }
 
@@ -103,6 +112,15 @@ void FileReplacement::writeNote()
     note->write(text);
 }
 
+void FileReplacement::noteExchange()
+{
+    if (!note)
+        return;
+    QByteArray text;
+    QDataStream(&text, QIODevice::WriteOnly) << made.number << made.size << made.modified;
+    note->write(text);
+}
+
 FileReplacement::~FileReplacement()
 {
     newer.close();
@@ -128,13 +146,13 @@ bool FileReplacement::commit(const FileState &state)
 {
     if (!Platform::syncFile(newer))
         return false;
+    made = Platform::fileState(newer).value_or(made);
     newer.close();
     if (!Platform::canExchangeOpenFiles())
         source->close();
     if (!isFile(older, state))
         return false;
-    if (note)
-        note->write("!");
+    noteExchange();
     if (!bringIn(state))
         return false;
     if (!Platform::syncDirectory(QFileInfo(older).absolutePath()))
@@ -176,7 +194,7 @@ bool FileReplacement::clearUp(QFile &note)
         return false;
     // Either the exchange has been made and this is the old file, or it has not been. Anything
     // else came from another program.
-    if (!told->isExchangeBegun || newer->looksLike(told->before)
+    if (!told->isExchangeBegun || newer->looksLike(told->before) || told->isMade(*newer)
         || (older && older->looksLike(told->before)))
         return QFile::remove(told->newer);
     qWarning() << "A file was changed while it was saved; what lay there is now" << told->newer;

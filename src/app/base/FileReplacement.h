@@ -36,6 +36,7 @@ private:
     explicit FileReplacement(const QString &path);
     bool begin();
     void writeNote();
+    void noteExchange();
     bool removeNewer();
     bool bringIn(const Platform::FileState &state);
 

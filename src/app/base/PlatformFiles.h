@@ -19,6 +19,8 @@ struct FileState
     qint64 modified = 0;
     // Names under which the file is known.
     quint64 links = 0;
+    // No directory, pipe or device.
+    bool isRegular = true;
 
     bool isSameFile(const FileState &other) const
     {

@@ -19,8 +19,9 @@ namespace {
 
 Platform::FileState stateOf(const struct stat &found)
 {
-    return {found.st_dev, found.st_ino, found.st_size,
-            found.st_mtim.tv_sec * 1'000'000'000LL + found.st_mtim.tv_nsec, found.st_nlink};
+    return {found.st_dev,   found.st_ino,
+            found.st_size,  found.st_mtim.tv_sec * 1'000'000'000LL + found.st_mtim.tv_nsec,
+            found.st_nlink, S_ISREG(found.st_mode)};
 }
 
 bool isDoneOrUnknown(int answer)

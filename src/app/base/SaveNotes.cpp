@@ -8,6 +8,8 @@
 #include <QRandomGenerator>
 #include <QStandardPaths>
 
+#include <filesystem>
+
 namespace {
 
 const QString prefix = QStringLiteral(".tarvelo-");
@@ -23,6 +25,24 @@ QString musicDirectory()
 {
     const QString directory = Settings::musicDir();
     return directory.isEmpty() ? QString() : QFileInfo(directory).canonicalFilePath();
+}
+
+// Not through QDir, which asks about every file in a directory of thousands.
+QStringList notesIn(const QString &directory)
+{
+    const std::filesystem::path start(prefix.toStdU16String());
+    QStringList notes;
+    std::error_code error;
+    std::filesystem::directory_iterator entry(QDir(directory).filesystemPath(), error);
+    for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error)) {
+        if (!entry->path().filename().native().starts_with(start.native()))
+            continue;
+        const QString path = QFileInfo(entry->path()).filePath();
+        // Not the unfinished copies, which begin alike.
+        if (path.endsWith(u".journal") || path.endsWith(u".replacement"))
+            notes.append(path);
+    }
+    return notes;
 }
 
 std::unique_ptr<QFile> createIn(const QString &directory, const QString &suffix)
@@ -74,13 +94,8 @@ void SaveNotes::remove(QFile &note)
 
 void SaveNotes::forEach(const QString &directory, const std::function<bool(QFile &note)> &use)
 {
-    const QDir place(directory);
-    // Not the unfinished copies, which begin alike.
-    const QStringList names{prefix + QStringLiteral("*.journal"),
-                            prefix + QStringLiteral("*.replacement")};
-    const QStringList found = place.entryList(names, QDir::Files | QDir::Hidden, QDir::NoSort);
-    for (const QString &name : found) {
-        QFile note(place.filePath(name));
+    for (const QString &path : notesIn(directory)) {
+        QFile note(path);
         if (note.open(QIODevice::ReadWrite | QIODevice::ExistingOnly) && Platform::lockFile(note)
             && use(note))
             remove(note);
