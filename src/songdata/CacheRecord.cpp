@@ -3,9 +3,7 @@
 #include "Song.h"
 
 #include <QDataStream>
-#include <QDateTime>
 #include <QFile>
-#include <QFileInfo>
 #include <QHash>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -136,7 +134,7 @@ void readPositions(QDataStream &in, SongPositions &positions)
     }
 }
 
-void passOverDocument(QDataStream &in, const QFileInfo &file, Song &song)
+void passOverDocument(QDataStream &in, const Cuesheet::CachePlace &file, Song &song)
 {
     song.getCuesheet().clear();
     quint32 length = 0;
@@ -150,7 +148,7 @@ void passOverDocument(QDataStream &in, const QFileInfo &file, Song &song)
         return;
     }
     in.device()->seek(end);
-    song.getCuesheet().setUnread(length, song.getFilename(), CacheRecord::placeIn(file, offset));
+    song.getCuesheet().setUnread(length, song.getFilename(), {file.file, file.state, offset});
 }
 
 void readLists(QDataStream &in, Song &song)
@@ -179,7 +177,7 @@ private:
     QDataStream &in;
 };
 
-void readFields(QDataStream &in, const QFileInfo &file, Song &song)
+void readFields(QDataStream &in, const Cuesheet::CachePlace &file, Song &song)
 {
     Reader reader(in);
     for (const Field &row : fieldsBeforePositions)
@@ -262,13 +260,7 @@ CacheRecord::Bytes CacheRecord::write(const Song &song)
     return bytes;
 }
 
-// Not for every song: to tell a file's time costs a look at the system's time zone.
-Cuesheet::CachePlace CacheRecord::placeIn(const QFileInfo &file, qint64 documentOffset)
-{
-    return {file.filePath(), file.lastModified().toMSecsSinceEpoch(), file.size(), documentOffset};
-}
-
-bool CacheRecord::read(QFile &file, const QFileInfo &info, Song &song)
+bool CacheRecord::read(QFile &file, const Platform::FileState &state, Song &song)
 {
     QDataStream in(&file);
     quint32 foundMagic = 0;
@@ -276,7 +268,7 @@ bool CacheRecord::read(QFile &file, const QFileInfo &info, Song &song)
     in >> foundMagic >> foundVersion;
     if (foundMagic != magic || foundVersion != formatVersion)
         return false;
-    readFields(in, info, song);
+    readFields(in, {file.fileName(), state, 0}, song);
     return true;
 }
 

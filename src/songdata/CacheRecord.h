@@ -3,7 +3,6 @@
 #include "Cuesheet.h"
 
 class QFile;
-class QFileInfo;
 class Song;
 
 // What a cache file holds: everything that the tag store delivers of a song. Numbers are
@@ -19,13 +18,11 @@ struct Bytes
 
 Bytes write(const Song &song);
 
-// Where this cache file, as it is now, holds the document.
-Cuesheet::CachePlace placeIn(const QFileInfo &file, qint64 documentOffset);
-
 // False, with the song untouched, when this is no record of the present version. Of a file that
 // ends too early the song gets empty values from there on, and is marked as incomplete; so it is
-// when there is more behind the record. The document is passed over. info tells of the same file.
-bool read(QFile &file, const QFileInfo &info, Song &song);
+// when there is more behind the record. The document is passed over. state is that of the same
+// file.
+bool read(QFile &file, const Platform::FileState &state, Song &song);
 
 // Gives a song all that a record holds, but for the version. The lists share no entry.
 void copy(const Song &from, Song &to);

@@ -3,7 +3,6 @@
 #include "SongStoreTags.h"
 
 #include <QFile>
-#include <QFileInfo>
 #include <QJsonObject>
 #include <QtEndian>
 
@@ -12,10 +11,10 @@ namespace {
 QByteArray readCache(const Cuesheet::CachePlace &place, qint64 length)
 {
     constexpr qint64 lengthBytes = sizeof(quint32);
-    const QFileInfo info(place.file);
+    const auto state = Platform::fileState(place.file);
     QFile file(place.file);
-    if (info.size() != place.size || info.lastModified().toMSecsSinceEpoch() != place.modified
-        || !file.open(QIODevice::ReadOnly) || !file.seek(place.offset - lengthBytes))
+    if (!state || !state->isUnchanged(place.state) || !file.open(QIODevice::ReadOnly)
+        || !file.seek(place.offset - lengthBytes))
         return QByteArray();
     const QByteArray prefix = file.read(lengthBytes);
     if (prefix.size() < lengthBytes || qFromBigEndian<quint32>(prefix.constData()) != length)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "PlatformFiles.h"
+
 #include <QByteArray>
 #include <QString>
 
@@ -14,12 +16,11 @@ class QJsonObject;
 class Cuesheet
 {
 public:
-    // Where a cache file holds the bytes. Its time and size tell whether it is still that file.
+    // Where a cache file holds the bytes, as long as nobody writes to it.
     struct CachePlace
     {
         QString file;
-        qint64 modified = 0; // milliseconds since the epoch
-        qint64 size = 0;
+        Platform::FileState state;
         qint64 offset = 0;
     };
 

@@ -60,7 +60,7 @@ DanceEvent DanceEvent::fromJson(const QJsonObject &object)
 {
     return {object.value(u"category").toString(), object.value(u"name").toString(),
             object.value(u"tempo").toString(),
-            QDateTime::fromSecsSinceEpoch(object.value(u"date").toInteger())};
+            QDateTime::fromSecsSinceEpoch(object.value(u"date").toInteger(), Qt::UTC)};
 }
 
 QJsonObject DanceEvent::toJson() const

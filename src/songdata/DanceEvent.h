@@ -23,7 +23,8 @@ public:
     // The kind of event, such as "Training"; free text.
     QString getCategory() const { return category; }
     QString getName() const { return name; }
-    QDateTime getDate() const { return date; }
+    // In local time.
+    QDateTime getDate() const { return date.toLocalTime(); }
     // Offset in percent as decimal text; empty for events from before tempi were recorded.
     QString getTempo() const { return tempo; }
 
@@ -50,6 +51,7 @@ public:
 private:
     QString category;
     QString name;
+    // In any time zone: local time costs a look at the system's settings, for every event read.
     QDateTime date;
     QString tempo;
 };

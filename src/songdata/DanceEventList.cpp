@@ -32,9 +32,9 @@ std::shared_ptr<DanceEvent> fromLine(QStringView line)
         return nullptr;
     const QList<QStringView> fields = line.split(u'\t');
     const QString tempo = fields.size() > 3 ? fields.at(3).toString() : QString();
-    auto event
-        = std::make_shared<DanceEvent>(fields.at(1).toString(), fields.at(2).toString(), tempo,
-                                       QDateTime::fromSecsSinceEpoch(fields.at(0).toLongLong()));
+    auto event = std::make_shared<DanceEvent>(
+        fields.at(1).toString(), fields.at(2).toString(), tempo,
+        QDateTime::fromSecsSinceEpoch(fields.at(0).toLongLong(), Qt::UTC));
     return event->isValid() ? event : nullptr;
 }
 
@@ -64,12 +64,11 @@ int DanceEventList::countRounded() const
 
 QDateTime DanceEventList::lastDate() const
 {
-    QDateTime last;
-    for (const auto &event : events) {
-        if (last.isNull() || event->getDate() > last)
-            last = event->getDate();
-    }
-    return last;
+    const auto last
+        = std::max_element(events.cbegin(), events.cend(), [](const auto &a, const auto &b) {
+              return a->seconds() < b->seconds();
+          });
+    return last == events.cend() ? QDateTime() : (*last)->getDate();
 }
 
 QString DanceEventList::allCategories() const

@@ -3,6 +3,7 @@
 #include "CacheRecord.h"
 #include "FileTools.h"
 #include "Platform.h"
+#include "PlatformFiles.h"
 #include "SongAudioDataQt.h"
 #include "SongStore.h"
 
@@ -44,6 +45,14 @@ void removeFrom(SongStoreSlot slot, const Song &song)
         store->remove(song);
 }
 
+QDateTime timeOf(const QString &path)
+{
+    constexpr qint64 nanoseconds = 1'000'000;
+    const auto state = Platform::fileState(path);
+    return state ? QDateTime::fromMSecsSinceEpoch(state->modified / nanoseconds, Qt::UTC)
+                 : QDateTime();
+}
+
 QString withPoint(QString number)
 {
     return number.replace(u',', u'.');
@@ -78,7 +87,7 @@ Song::~Song()
 bool Song::load(bool *fromCache)
 {
     const QFileInfo file(filename);
-    modified = file.lastModified();
+    modified = timeOf(filename);
     readonly = !file.isWritable();
     const bool loaded = runLoadChain(file, fromCache);
     if (loaded)

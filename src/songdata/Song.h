@@ -113,6 +113,8 @@ public:
     double getVolume() const { return volume.toDouble(); }
     const QString &getLevel() const { return level; }
     bool isMissingFile() const { return missingFileFlag; }
+    // Null without a file. To be shown in local time: the look at the system's time zone costs more
+    // than reading it.
     const QDateTime &getModified() const { return modified; }
     const QString &getSongId() const { return song_id; }
     const QString &getIswcId() const { return iswc_id; }

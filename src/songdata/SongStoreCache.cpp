@@ -11,6 +11,13 @@
 
 namespace {
 
+// Compared by the millisecond, in which the song's time is told.
+bool isNewer(const Platform::FileState &cache, const Song &song)
+{
+    constexpr qint64 nanoseconds = 1'000'000;
+    return cache.modified / nanoseconds > song.getModified().toMSecsSinceEpoch();
+}
+
 // Neither a clock that is wrong nor a file system that counts in seconds makes this one newer than
 // the music.
 QDateTime beforeAnyMusic(const Song &song)
@@ -22,8 +29,9 @@ QDateTime beforeAnyMusic(const Song &song)
 // The file is there, and older than the music or as old: see beforeAnyMusic().
 bool writeAhead(const QString &path, const QByteArray &content, const Song &song)
 {
-    if (SafeFile::replaceDated(path, content, beforeAnyMusic(song))
-        && QFileInfo(path).lastModified() <= song.getModified())
+    const bool written = SafeFile::replaceDated(path, content, beforeAnyMusic(song));
+    const auto state = Platform::fileState(path);
+    if (written && state && !isNewer(*state, song))
         return true;
     // A file of before, or one that a file system gave another time, could count after the save.
     QFile::remove(path);
@@ -46,11 +54,11 @@ bool SongStoreCache::load(Song &song, const QFileInfo &info)
 {
     if (isOff() || !song.getModified().isValid())
         return false;
-    const QFileInfo found(cacheBase + fileNameFor(info.absoluteFilePath()));
-    if (!found.isFile() || found.lastModified() <= song.getModified())
-        return false;
-    QFile file(found.filePath());
-    return file.open(QIODevice::ReadOnly) && CacheRecord::read(file, found, song);
+    QFile file(cacheBase + fileNameFor(info.absoluteFilePath()));
+    // Not by QFileInfo: for each time that it tells it looks at the system's time zone.
+    const auto state = Platform::fileState(file.fileName());
+    return state && state->isRegular && isNewer(*state, song) && file.open(QIODevice::ReadOnly)
+           && CacheRecord::read(file, *state, song);
 }
 
 bool SongStoreCache::save(Song &song)
@@ -64,8 +72,9 @@ bool SongStoreCache::save(Song &song)
                                                                   SafeFile::Durability::Unsynced);
     if (!written)
         return false;
-    if (song.hasChoreography())
-        song.getCuesheet().noteCache(CacheRecord::placeIn(QFileInfo(path), bytes.documentOffset));
+    const auto state = song.hasChoreography() ? Platform::fileState(path) : std::nullopt;
+    if (state)
+        song.getCuesheet().noteCache({path, *state, bytes.documentOffset});
     return true;
 }
 
