@@ -27,8 +27,8 @@ struct FoundFrame
 {
     bool isNamed;
     bool isPacked;
-    // The library can't read it and writes it back without saying so any more.
-    bool isEncrypted;
+    // The library can't read it and writes it back without saying so any more, or drops it.
+    bool isLost;
     ByteVector id;
     unsigned int headerSize;
     unsigned int size;
@@ -51,8 +51,9 @@ FoundFrame frameAt(const ByteVector &data, unsigned int version)
     if (data.size() <= headerSize || !isFrameId(id))
         return {false, false, false, id, headerSize, 0};
     const FrameAccess::Reader header(data, version);
-    return {true,       version > 2 && data[9] != 0, header.encryption(), id,
-            headerSize, header.frameSize()};
+    const bool isLost
+        = header.encryption() || header.groupingIdentity() || header.tagAlterPreservation();
+    return {true, version > 2 && data[9] != 0, isLost, id, headerSize, header.frameSize()};
 }
 
 bool hasMark(const ByteVector &text)
@@ -127,7 +128,7 @@ void TagWalk::walk()
         ByteVector content = rest.mid(frame.headerSize, frame.size);
         if (version > 3 && header.unsynchronisation())
             content = SynchData::decode(content);
-        unreadable = unreadable || frame.isEncrypted || holdsUnreadableText(frame, content);
+        unreadable = unreadable || frame.isLost || holdsUnreadableText(frame, content);
         position += frame.wholeSize();
     }
 }

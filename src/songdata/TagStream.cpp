@@ -52,6 +52,20 @@ ByteVector asBigEndian(ByteVector frame)
     return frame;
 }
 
+// "To be dropped by whoever changes the tag and doesn't know this frame": the library drops it even
+// if it knows it.
+char dropMark(bool isVersion4)
+{
+    return static_cast<char>(isVersion4 ? 0x40 : 0x80);
+}
+
+// The frame as the library has to see it to keep it.
+ByteVector mended(ByteVector frame, bool isVersion4)
+{
+    frame[8] = static_cast<char>(frame[8] & ~dropMark(isVersion4));
+    return lacksByteOrderMark(frame) ? asBigEndian(frame) : frame;
+}
+
 #ifdef Q_OS_WIN
 std::wstring nameOf(const QString &path)
 {
@@ -89,10 +103,9 @@ ByteVector mendedId3Tag(const ByteVector &tag)
         if (size > tag.size() - at - headerSize)
             break;
         const ByteVector frame = tag.mid(at, headerSize + size);
-        const bool mend = size > 0 && lacksByteOrderMark(frame);
-        changed = changed || mend || size == 0;
         if (size > 0)
-            frames.append(mend ? asBigEndian(frame) : frame);
+            frames.append(mended(frame, tag[3] == 4));
+        changed = changed || size == 0 || frames.back() != frame;
         at += headerSize + size;
     }
     if (!changed)

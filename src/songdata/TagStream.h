@@ -9,9 +9,9 @@
 // A music file as the tag library has to see it. What the library writes is only composed: the
 // file changes at commit(), whole or not at all.
 //
-// The library stops at the first frame without content and reads UTF-16 text without a byte order
-// mark as nothing, and a save would then write what is left. In an ID3v2 tag such frames are left
-// out or marked here before the library sees them.
+// The library stops at the first frame without content, reads UTF-16 text without a byte order mark
+// as nothing, and drops frames with the flag for it, and a save would then write what is left. In an
+// ID3v2 tag such frames are left out, marked or unmarked here before the library sees them.
 class TagStream : public TagLib::IOStream
 {
 public:

@@ -92,6 +92,13 @@ void TestTagGuard::tagsThatWouldLoseSomethingAreNotSaved_data()
         << tag(3, artist + frame("SYLT", QByteArray(20, 'x'), QByteArray("\0\x40", 2)));
     QTest::newRow("encrypted, version 2.4")
         << tag(4, artist + frame("SYLT", QByteArray(20, 'x'), QByteArray("\0\x04", 2)));
+    const QByteArray times(20, 'x');
+    QTest::newRow("in a group, version 2.3")
+        << tag(3, artist + frame("SYLT", times, QByteArray("\0\x20", 2)));
+    QTest::newRow("in a group, version 2.4")
+        << tag(4, artist + frame("SYLT", times, QByteArray("\0\x40", 2)));
+    QTest::newRow("to be dropped, unsynchronised")
+        << tag(3, artist + frame("SYLT", times, QByteArray("\x80\0", 2)), 20, char(0x80));
     QTest::newRow("frame behind padding") << tag(3, artist + QByteArray(30, 0) + code);
     QTest::newRow("bytes in the size that can't be")
         << tag(3, artist).replace(6, 4, QByteArray("\0\0\0\xa0", 4));

@@ -25,6 +25,8 @@ private Q_SLOTS:
     void framesWithoutContentAreLeftOut();
     void textsWithoutAMarkAreMarked_data();
     void textsWithoutAMarkAreMarked();
+    void framesToBeDroppedAreKept_data();
+    void framesToBeDroppedAreKept();
     void aFileIsReadAndSavedWhole_data();
     void aFileIsReadAndSavedWhole();
     void loadingWritesNothing();
@@ -114,17 +116,41 @@ void TestTagStream::textsWithoutAMarkAreMarked()
              tag(3, frame("TIT2", marked) + artist));
 }
 
+void TestTagStream::framesToBeDroppedAreKept_data()
+{
+    QTest::addColumn<char>("version");
+    QTest::addColumn<QByteArray>("before");
+    QTest::addColumn<QByteArray>("after");
+    QTest::newRow("2.3") << char(3) << QByteArray("\xe0\0", 2) << QByteArray("\x60\0", 2);
+    QTest::newRow("2.4") << char(4) << QByteArray("\x70\0", 2) << QByteArray("\x30\0", 2);
+}
+
+void TestTagStream::framesToBeDroppedAreKept()
+{
+    QFETCH(char, version);
+    QFETCH(QByteArray, before);
+    QFETCH(QByteArray, after);
+    const QByteArray title("\0Ti", 3);
+    QCOMPARE(mended(tag(version, artist + frame("TIT2", title, before))),
+             tag(version, artist + frame("TIT2", title, after)));
+}
+
 void TestTagStream::aFileIsReadAndSavedWhole_data()
 {
     QTest::addColumn<QByteArray>("title");
+    QTest::addColumn<QByteArray>("flags");
     QTest::addColumn<QString>("shown");
-    QTest::newRow("no title") << QByteArray() << QString();
-    QTest::newRow("title without a mark") << littleEndian << u"Ti"_qs;
+    const QByteArray none("\0\0", 2);
+    QTest::newRow("no title") << QByteArray() << none << QString();
+    QTest::newRow("title without a mark") << littleEndian << none << u"Ti"_qs;
+    QTest::newRow("title to be dropped")
+        << QByteArray("\0Ti", 3) << QByteArray("\x80\0", 2) << u"Ti"_qs;
 }
 
 void TestTagStream::aFileIsReadAndSavedWhole()
 {
     QFETCH(QByteArray, title);
+    QFETCH(QByteArray, flags);
     QFETCH(QString, shown);
     const QTemporaryDir directory;
     const QString path = SongFiles::tone(QDir(directory.path()));
@@ -132,7 +158,7 @@ void TestTagStream::aFileIsReadAndSavedWhole()
     QVERIFY(file.open(QIODevice::ReadWrite));
     const QByteArray audio = file.readAll();
     file.seek(0);
-    file.write(tag(3, frame("TIT2", title) + artist + frame("TSRC", QByteArray("\0code", 5)))
+    file.write(tag(3, frame("TIT2", title, flags) + artist + frame("TSRC", QByteArray("\0code", 5)))
                + audio);
     file.close();
 
