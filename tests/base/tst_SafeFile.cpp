@@ -244,8 +244,7 @@ void TestSafeFile::committed()
     // A file system's clock stands still for some milliseconds.
     QFile made(file);
     QVERIFY(made.open(QIODevice::ReadWrite));
-    QVERIFY(made.setFileTime(QDateTime::currentDateTime().addSecs(-3600),
-                             QFileDevice::FileModificationTime));
+    QVERIFY(Platform::setFileTime(made, QDateTime::currentDateTime().addSecs(-3600)));
     made.close();
     const auto before = Platform::fileState(file);
     FileEdit edit(file, FileEdit::Access::Write);
@@ -266,7 +265,7 @@ void TestSafeFile::unchangedFileGetsThePresentTime()
     QFile old(file);
     QVERIFY(old.open(QIODevice::ReadWrite));
     const QDateTime longAgo = QDateTime::currentDateTime().addDays(-3);
-    QVERIFY(old.setFileTime(longAgo, QFileDevice::FileModificationTime));
+    QVERIFY(Platform::setFileTime(old, longAgo));
     old.close();
     FileEdit edit(file, FileEdit::Access::Write);
     edit.replace(0, 5, "music");
@@ -557,7 +556,7 @@ void TestSafeFile::journalOfAFileThatIsGoneForGood()
     QVERIFY(QFile::remove(file));
     QVERIFY(journal.open(QIODevice::ReadWrite));
     const QDateTime longAgo = QDateTime::currentDateTime().addDays(-40);
-    QVERIFY(journal.setFileTime(longAgo, QFileDevice::FileModificationTime));
+    QVERIFY(Platform::setFileTime(journal, longAgo));
     journal.close();
     SafeFile::recover();
     QCOMPARE(leftOvers({}), QStringList());

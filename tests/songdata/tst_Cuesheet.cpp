@@ -1,3 +1,4 @@
+#include "PlatformFiles.h"
 #include "Song.h"
 
 #include "Settings.h"
@@ -65,14 +66,13 @@ void TestCuesheet::makeSong(const QByteArray &document)
     QVERIFY(made.save());
     QFile file(song);
     QVERIFY(file.open(QIODevice::ReadWrite));
-    file.setFileTime(QDateTime::currentDateTime().addSecs(-3600),
-                     QFileDevice::FileModificationTime);
+    Platform::setFileTime(file, QDateTime::currentDateTime().addSecs(-3600));
     file.close();
     QVERIFY(!Song(song, false).isCached());
     // Whole milliseconds, which replaceInCache can give it back.
     QFile cache(cacheFile());
     QVERIFY(cache.open(QIODevice::ReadWrite));
-    cache.setFileTime(QDateTime::currentDateTime(), QFileDevice::FileModificationTime);
+    Platform::setFileTime(cache, QDateTime::currentDateTime());
 }
 
 // The file keeps its time.
@@ -86,7 +86,7 @@ void TestCuesheet::replaceInCache(const QByteArray &before, const QByteArray &af
     file.seek(at);
     file.write(after);
     file.flush();
-    QVERIFY(file.setFileTime(time, QFileDevice::FileModificationTime));
+    QVERIFY(Platform::setFileTime(file, time));
 }
 
 void TestCuesheet::setFrame(const QByteArray &document) const

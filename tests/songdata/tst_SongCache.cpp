@@ -1,3 +1,4 @@
+#include "PlatformFiles.h"
 #include "Song.h"
 
 #include "CacheBytes.h"
@@ -32,7 +33,7 @@ void setTime(const QString &path, const QDateTime &time)
 {
     QFile file(path);
     QVERIFY(file.open(QIODevice::ReadWrite));
-    QVERIFY(file.setFileTime(time, QFileDevice::FileModificationTime));
+    QVERIFY(Platform::setFileTime(file, time));
 }
 
 qint64 peakMemoryKb()

@@ -1,3 +1,4 @@
+#include "PlatformFiles.h"
 #include "Song.h"
 
 #include "CacheBytes.h"
@@ -27,8 +28,7 @@ void setAnHourBack(const QString &path)
 {
     QFile file(path);
     QVERIFY(file.open(QIODevice::ReadWrite));
-    QVERIFY(file.setFileTime(QDateTime::currentDateTime().addSecs(-3600),
-                             QFileDevice::FileModificationTime));
+    QVERIFY(Platform::setFileTime(file, QDateTime::currentDateTime().addSecs(-3600)));
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "FileNames.h"
 #include "FileSystem.h"
+#include "PlatformFiles.h"
 #include "Song.h"
 
 #include "Samples.h"
@@ -147,7 +148,7 @@ void TestSongStoreTags::savingTellsTheTime()
     QFile file(path);
     QVERIFY(file.open(QIODevice::ReadWrite));
     const QDateTime old = QDateTime::currentDateTime().addDays(-1);
-    QVERIFY(file.setFileTime(old, QFileDevice::FileModificationTime));
+    QVERIFY(Platform::setFileTime(file, old));
     file.close();
     Song song(path, false);
     QCOMPARE(song.getModified(), QFileInfo(path).lastModified());

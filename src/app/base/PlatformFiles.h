@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDateTime>
 #include <QFile>
 #include <QString>
 
@@ -52,6 +53,9 @@ QString canonicalPath(const QString &path);
 
 // Gives a file that may be written the present time. Its owner or not, whoever may write may that.
 bool touchFile(QFile &open);
+// Gives it this time. False when that can't be told to the file system; whether it took it is for
+// fileState() to tell.
+bool setFileTime(QFile &open, const QDateTime &modified);
 
 // Closes a file without waiting: to free the blocks of a removed one takes some 20 ms for a song,
 // too long where music plays.

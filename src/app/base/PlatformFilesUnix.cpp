@@ -120,6 +120,18 @@ bool Platform::touchFile(QFile &open)
     return futimens(open.handle(), nullptr) == 0;
 }
 
+// Both times: some file systems take none at all where one of the two is to stay.
+bool Platform::setFileTime(QFile &open, const QDateTime &modified)
+{
+    constexpr qint64 second = 1000;
+    const qint64 ms = modified.toMSecsSinceEpoch();
+    const qint64 rest = (ms % second + second) % second;
+    const timespec time{static_cast<time_t>((ms - rest) / second),
+                        static_cast<long>(rest * 1'000'000)};
+    const timespec times[] = {time, time};
+    return futimens(open.handle(), times) == 0;
+}
+
 void Platform::closeApart(std::unique_ptr<QFile> open)
 {
     if (!open)

@@ -74,6 +74,11 @@ bool Platform::touchFile(QFile &open)
     return open.setFileTime(QDateTime::currentDateTime(), QFileDevice::FileModificationTime);
 }
 
+bool Platform::setFileTime(QFile &open, const QDateTime &modified)
+{
+    return open.setFileTime(modified, QFileDevice::FileModificationTime);
+}
+
 void Platform::closeApart(std::unique_ptr<QFile> open)
 {
     open.reset();

@@ -19,8 +19,7 @@ bool replaceUnsynced(const QString &path, const QByteArray &content, const QDate
     if (!newer.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
         return false;
     const bool written = newer.write(content) == content.size()
-                         && (!modified.isValid()
-                             || newer.setFileTime(modified, QFileDevice::FileModificationTime));
+                         && (!modified.isValid() || Platform::setFileTime(newer, modified));
     newer.close();
     if (written && Platform::renameOver(newer.fileName(), path))
         return true;
