@@ -190,13 +190,17 @@ void TestSongCache::onlyANewerFileIsTaken_data()
     QTest::newRow("older") << -1 << false;
     QTest::newRow("equal") << 0 << false;
     QTest::newRow("newer") << 1 << true;
+    QTest::newRow("newer by the coarsest step") << 2000 << true;
 }
 
 void TestSongCache::onlyANewerFileIsTaken()
 {
     QFETCH(int, laterMs);
     putCache(Record().bytes());
-    setTime(cacheFile(), timeOf(song).addMSecs(laterMs));
+    const QDateTime later = timeOf(song).addMSecs(laterMs);
+    setTime(cacheFile(), later);
+    if (timeOf(cacheFile()).toMSecsSinceEpoch() != later.toMSecsSinceEpoch())
+        QSKIP("This file system has no times as fine as that.");
     QTEST(Song(song, false).isCached(), "taken");
     QVERIFY(Song(song, false).isCached());
 }
@@ -249,7 +253,8 @@ void TestSongCache::hugeNumbersCostNothing()
     QFETCH(qint64, size);
     putCache(bytes);
     if (size > 0)
-        QVERIFY(QFile::resize(cacheFile(), size));
+        if (!QFile::resize(cacheFile(), size))
+            QSKIP("This file system has no files with holes.");
     const qint64 before = peakMemoryKb();
     QElapsedTimer timer;
     timer.start();

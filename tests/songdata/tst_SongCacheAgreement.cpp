@@ -1,5 +1,6 @@
 // A song from its cache file shows what the song from its tag shows: for every song there is.
 
+#include "PlatformFiles.h"
 #include "Settings.h"
 #include "Song.h"
 #include "SongFiles.h"
@@ -24,6 +25,7 @@ private Q_SLOTS:
 
 private:
     // The number of songs below the directory that were compared.
+    static void setAnHourBack(const QString &library);
     static int compare(const QString &directory);
 
     QTemporaryDir cache;
@@ -39,6 +41,17 @@ void TestSongCacheAgreement::cleanup()
 {
     destroySongStores();
     Settings::remove(Settings::Key::CacheDir);
+}
+
+// A cache file counts only where it is newer than the song, by the file system's coarse clock.
+void TestSongCacheAgreement::setAnHourBack(const QString &library)
+{
+    QDirIterator songs(library, {u"*.mp3"_qs}, QDir::Files, QDirIterator::Subdirectories);
+    while (songs.hasNext()) {
+        QFile song(songs.next());
+        QVERIFY(song.open(QIODevice::ReadWrite));
+        QVERIFY(Platform::setFileTime(song, QDateTime::currentDateTime().addSecs(-3600)));
+    }
 }
 
 int TestSongCacheAgreement::compare(const QString &directory)
@@ -76,9 +89,7 @@ void TestSongCacheAgreement::inTheDemoLibrary()
 {
     QTemporaryDir library;
     QCOMPARE(Demo::writeLibrary(library.path(), Demo::songs()), QString());
-    // A cache file counts only once it is newer than the song.
-    const QDateTime written = QDateTime::currentDateTime();
-    QTRY_VERIFY(QDateTime::currentDateTime() > written);
+    setAnHourBack(library.path());
     QCOMPARE(compare(library.path()), static_cast<int>(Demo::songs().size()));
 }
 
