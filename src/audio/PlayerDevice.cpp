@@ -1,5 +1,6 @@
 #include "PlayerDevice.h"
 
+#include "PcmSamples.h"
 #include "SongAudioData.h"
 
 #include <SoundTouch.h>
@@ -114,18 +115,11 @@ void PlayerDevice::fillStretcher()
     }
 }
 
-// The samples keep their size: the stretcher works on -32768.0 to 32767.0 here.
 void PlayerDevice::feed(const QAudioBuffer &buffer)
 {
-    const qsizetype count = buffer.sampleCount();
-    const qint16 *samples = buffer.constData<qint16>();
-    const std::vector<float> floats(samples, samples + count);
-    stretcher->putSamples(floats.data(), static_cast<uint>(count / song->getChannels()));
-}
-
-qint16 PlayerDevice::sampleOf(float value)
-{
-    return static_cast<qint16>(static_cast<qint32>(value));
+    const std::vector<float> floats = PcmSamples::floatsOf(buffer);
+    const auto channels = static_cast<uint>(song->getChannels());
+    stretcher->putSamples(floats.data(), static_cast<uint>(floats.size()) / channels);
 }
 
 qint64 PlayerDevice::drainStretcher(char *data, qint64 maxlen)
@@ -138,7 +132,8 @@ qint64 PlayerDevice::drainStretcher(char *data, qint64 maxlen)
     std::vector<float> floats(std::size_t(frames) * channels);
     const uint received = stretcher->receiveSamples(floats.data(), frames);
     floats.resize(std::size_t(received) * channels);
-    std::transform(floats.cbegin(), floats.cend(), reinterpret_cast<qint16 *>(data), &sampleOf);
+    std::transform(floats.cbegin(), floats.cend(), reinterpret_cast<qint16 *>(data),
+                   &PcmSamples::sampleOf);
     return static_cast<qint64>(floats.size()) * 2;
 }
 

@@ -39,10 +39,6 @@ public:
     // Nothing is left to play, and nothing more will come.
     bool hasEnded() const;
 
-    // The 16-bit sample of a stretched value: cut towards zero, never clipped; a value beyond the
-    // range wraps around.
-    static qint16 sampleOf(float value);
-
     bool isSequential() const override { return true; }
     // Size of the buffers known at setSong(), whatever has been played: only a hint of whether
     // there is sound at all.

@@ -1,3 +1,4 @@
+#include "PcmSamples.h"
 #include "PlayerDevice.h"
 #include "Samples.h"
 #include "SongAudioData.h"
@@ -188,7 +189,7 @@ void TestPlayerDevice::valuesWrapAround()
 {
     QFETCH(float, value);
     QFETCH(qint16, sample);
-    QCOMPARE(PlayerDevice::sampleOf(value), sample);
+    QCOMPARE(PcmSamples::sampleOf(value), sample);
 }
 
 void TestPlayerDevice::pullBelowAFrameTakesNothing()
