@@ -12,6 +12,7 @@ struct CountDownEvent
     // 1 simple, 2 window, 3 cool; 0 when there is nothing to show.
     int type = 0;
 
+    bool isOn() const { return type != 0; }
     friend bool operator==(const CountDownEvent &a, const CountDownEvent &b) = default;
 };
 

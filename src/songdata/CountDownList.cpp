@@ -39,6 +39,13 @@ int CountDownList::earliestStart() const
     return static_cast<int>(std::max<qint64>(earliest, std::numeric_limits<int>::min()));
 }
 
+const CountDownItem *CountDownList::activeAt(qint64 nowMs) const
+{
+    const auto found = std::find_if(items.cbegin(), items.cend(),
+                                    [nowMs](const auto &item) { return item->isActive(nowMs); });
+    return found == items.cend() ? nullptr : found->get();
+}
+
 QString CountDownList::toText() const
 {
     if (items.empty())

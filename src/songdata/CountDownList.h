@@ -28,6 +28,8 @@ public:
     // The smallest start time, in milliseconds, of all items that are enabled and have an
     // ignition; noStart when there is none before that.
     int earliestStart() const;
+    // The first item that is active at this time; null where there is none.
+    const CountDownItem *activeAt(qint64 nowMs) const;
 
     // The text of frame and cache: toJson() as compact JSON; empty for an empty list. A text that
     // is no JSON leaves the list as it is.

@@ -4,17 +4,10 @@
 #include "FileTools.h"
 #include "Platform.h"
 #include "PlatformFiles.h"
-#include "SongAudioDataQt.h"
 #include "SongStore.h"
 
-#include <QAudioBuffer>
 #include <QFileInfo>
 #include <QtDebug>
-
-#include <BPMDetect.h>
-
-#include <cmath>
-#include <vector>
 
 namespace {
 
@@ -301,61 +294,4 @@ void Song::shiftPositions(int ms)
 void Song::resetCountDowns()
 {
     countdowns.reset(bpm.toInt());
-}
-
-void Song::decodeAudio()
-{
-    if (missingFileFlag)
-        return;
-    qDebug() << "Decode Audio Data";
-    format = QAudioFormat();
-    format.setSampleFormat(QAudioFormat::Int16);
-    format.setChannelCount(channels);
-    format.setSampleRate(frequency);
-    // Held here as well: the event loop runs meanwhile, and somebody may release the audio.
-    const auto data = std::make_shared<SongAudioDataQt>();
-    audioData = data;
-    data->decode(filename, format);
-}
-
-void Song::releaseAudio()
-{
-    audioData.reset();
-}
-
-int Song::audioBufferCount() const
-{
-    return audioData->count();
-}
-
-std::shared_ptr<QAudioBuffer> Song::audioBuffer(int index) const
-{
-    return audioData->at(index);
-}
-
-int Song::getBpmAuto() const
-{
-    if (bpmauto == 0 && audioData && channels > 0 && frequency > 0)
-        bpmauto = detectBpm();
-    return bpmauto;
-}
-
-int Song::detectBpm() const
-{
-    try {
-        soundtouch::BPMDetect detector(channels, frequency);
-        std::vector<float> samples;
-        const int eighth = audioBufferCount() / 8;
-        for (int index = eighth * 2; index < eighth * 4; ++index) {
-            const auto buffer = audioBuffer(index);
-            const qint16 *data = buffer->constData<qint16>();
-            samples.assign(data, data + buffer->sampleCount());
-            detector.inputSamples(samples.data(), static_cast<int>(samples.size()) / channels);
-        }
-        return static_cast<int>(std::lround(detector.getBpm()));
-    } catch (const std::runtime_error &error) {
-        // The detector refuses sample rates below 8 kHz.
-        qDebug() << "No BPM for" << filename << error.what();
-        return 0;
-    }
 }

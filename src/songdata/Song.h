@@ -61,6 +61,8 @@ class Song : public QObject
     Q_PROPERTY(bool selected READ isSelected WRITE setSelected)
 
 public:
+    enum class EFileFormat { Wav };
+
     // What save() stamps a file with.
     static constexpr int tagFormatVersion = 2;
 
@@ -201,6 +203,14 @@ public:
     void decodeAudio();
     // Frees the decoded audio.
     void releaseAudio();
+    // Whether the sound has a rate and a channel count that can be played: up to 192 kHz, 16
+    // channels.
+    bool isPlayable() const;
+    // Writes the decoded audio to a WAV file, stretched to this tempo in percent without a change
+    // of pitch; of a song that is still being decoded, as much as is there. The format is WAV,
+    // whatever format or name say. Does nothing without decoded audio; a file that can't be
+    // written is told to nobody.
+    void convert(const QString &target, int tempoPercent, EFileFormat format);
     // The decoded audio; empty unless decodeAudio() was called and the audio not yet released.
     const std::shared_ptr<SongAudioData> &getAudioData() const { return audioData; }
     // Only while getAudioData() isn't empty. The count grows while decoding runs.
