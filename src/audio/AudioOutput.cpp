@@ -30,7 +30,7 @@ AudioOutput::~AudioOutput()
 
 bool AudioOutput::prepare(const QAudioFormat &format)
 {
-    if (sink && !(fits(format) && isPresent()))
+    if (sink && !(fits(format) && isPresent() && isDefault()))
         drop();
     if (!sink)
         create(format);
@@ -50,6 +50,11 @@ bool AudioOutput::isPresent() const
     const QList<QAudioDevice> outputs = QMediaDevices::audioOutputs();
     return std::any_of(outputs.cbegin(), outputs.cend(),
                        [this](const QAudioDevice &one) { return one.id() == device.id(); });
+}
+
+bool AudioOutput::isDefault() const
+{
+    return QMediaDevices::defaultAudioOutput().id() == device.id();
 }
 
 void AudioOutput::create(const QAudioFormat &format)

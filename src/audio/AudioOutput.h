@@ -10,7 +10,7 @@ class QAudioSink;
 class QIODevice;
 
 // The default audio output, opened when there is something to play and kept from song to song
-// while the format stays. Lives on the GUI thread.
+// while the format stays and it is the default. Lives on the GUI thread.
 class AudioOutput : public QObject
 {
     Q_OBJECT
@@ -19,8 +19,8 @@ public:
     explicit AudioOutput(QObject *parent = nullptr);
     ~AudioOutput() override;
 
-    // Makes the output ready for sound of this format. False when there is no output, or none that
-    // takes this format.
+    // Makes the output that is the default now ready for sound of this format. False when there is
+    // no output, or none that takes this format.
     bool prepare(const QAudioFormat &format);
     // Plays what the source delivers, from now on; the output must be prepared. False when the
     // output could not be opened.
@@ -46,6 +46,7 @@ Q_SIGNALS:
 private:
     bool fits(const QAudioFormat &format) const;
     bool isPresent() const;
+    bool isDefault() const;
     void create(const QAudioFormat &format);
     void drop();
     void onStateChanged(QAudio::State state);

@@ -30,6 +30,7 @@ void Player::connectRequests()
     connect(this, &Player::requestStart, engine, &PlayerEngine2::doStart);
     connect(this, &Player::requestStartFromPart, engine, &PlayerEngine2::doStartFromPart);
     connect(this, &Player::requestStartFromPlaytime, engine, &PlayerEngine2::doStartFromPlaytime);
+    connect(this, &Player::requestStartLoop, engine, &PlayerEngine2::doStartLoop);
     connect(this, &Player::requestStop, engine, &PlayerEngine2::doStop);
     connect(this, &Player::requestPause, engine, &PlayerEngine2::doPause);
     connect(this, &Player::requestResume, engine, &PlayerEngine2::doResume);
@@ -37,6 +38,7 @@ void Player::connectRequests()
     connect(this, &Player::requestSetTempo, engine, &PlayerEngine2::doSetTempo);
     connect(this, &Player::requestSetVolume, engine, &PlayerEngine2::doSetVolume);
     connect(this, &Player::requestSetPitch, engine, &PlayerEngine2::doSetPitch);
+    connect(this, &Player::requestConvert, engine, &PlayerEngine2::doConvert);
 }
 
 void Player::connectNotifications()
@@ -46,6 +48,7 @@ void Player::connectNotifications()
             &Player::doNotifyIsPlayingChanged);
     connect(engine, &PlayerEngine2::notifyActivePartChanged, this,
             &Player::doNotifyActivePartChanged);
+    connect(engine, &PlayerEngine2::notifyCountDown, this, &Player::doNotifyCountDown);
 }
 
 void Player::setSong(const SongPtr &song)
@@ -61,6 +64,16 @@ void Player::setTempo(double percent)
 bool Player::isPlaying() const
 {
     return engine->isPlayingNow();
+}
+
+int Player::getLoopStart() const
+{
+    return engine->getLoopStartPart();
+}
+
+int Player::getLoopEnd() const
+{
+    return engine->getLoopEndPart();
 }
 
 int Player::getPlaytimeTotal() const
@@ -93,6 +106,11 @@ void Player::startFromPlaytime(int aStartPosition)
     Q_EMIT requestStartFromPlaytime(aStartPosition);
 }
 
+void Player::startLoop(int aPartIndexStart, int aPartIndexEnd)
+{
+    Q_EMIT requestStartLoop(aPartIndexStart, aPartIndexEnd);
+}
+
 void Player::stop()
 {
     Q_EMIT requestStop();
@@ -113,6 +131,16 @@ void Player::refreshActivePart()
     engine->refreshActivePart(true);
 }
 
+void Player::convert(const QString &filename, int tempo, Song::EFileFormat format)
+{
+    Q_EMIT requestConvert(filename, tempo, format);
+}
+
+void Player::convert(const QString &filename, int tempo)
+{
+    convert(filename, tempo, Song::EFileFormat::Wav);
+}
+
 void Player::doNotifyPlayTimeChanged(int playtime)
 {
     Q_EMIT notifyPlayTimeChanged(playtime);
@@ -126,4 +154,9 @@ void Player::doNotifyIsPlayingChanged(bool isPlaying)
 void Player::doNotifyActivePartChanged(int part)
 {
     Q_EMIT notifyActivePartChanged(part);
+}
+
+void Player::doNotifyCountDown(CountDownEvent countdown)
+{
+    Q_EMIT notifyCountDown(countdown);
 }

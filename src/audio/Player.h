@@ -14,6 +14,9 @@ class Player : public QObject
 {
     Q_OBJECT
     Q_PROPERTY(bool isPlaying READ isPlaying)
+    Q_PROPERTY(bool isLooping READ isLooping)
+    Q_PROPERTY(int loopStart READ getLoopStart)
+    Q_PROPERTY(int loopEnd READ getLoopEnd)
     Q_PROPERTY(int playtimeTotal READ getPlaytimeTotal)
     Q_PROPERTY(int playtime READ getPlaytime)
     Q_PROPERTY(double tempo READ getTempo WRITE setTempo)
@@ -27,10 +30,16 @@ public:
     void setSong(const SongPtr &song);
     void setTempo(double percent);
 
+    // From a start until a pause, a stop or the end; also during the foreplay.
     bool isPlaying() const;
+    // False always, also while a part loops.
+    bool isLooping() const { return false; }
+    // The part to which the loop jumps, and the part behind which it does; 0 without a loop.
+    int getLoopStart() const;
+    int getLoopEnd() const;
     // The song's length in milliseconds, known to the second; 0 without a song.
     int getPlaytimeTotal() const;
-    // 0 without a song.
+    // 0 without a song, below 0 during the foreplay.
     int getPlaytime() const;
     double getTempo() const;
 
@@ -39,17 +48,25 @@ public Q_SLOTS:
     // Index into the song's positions; from the beginning where there is none.
     void startFromPart(int aPartIndex);
     void startFromPlaytime(int aStartPosition);
+    // Plays a part again and again until the next stop; give the same index twice. The first part
+    // is only started, and the last one runs on to the end of the song.
+    void startLoop(int aPartIndexStart, int aPartIndexEnd);
     void stop();
     void pause();
     // Goes on where pause() left off; without a pause before it, from the beginning.
     void resume();
     // Tells the active part again, whether or not it has changed.
     void refreshActivePart();
+    // Writes the current song's decoded sound to a WAV file, at this tempo in percent; see
+    // Song::convert(). What plays is not disturbed, but the window stands still meanwhile.
+    void convert(const QString &filename, int tempo, Song::EFileFormat format);
+    void convert(const QString &filename, int tempo);
 
 Q_SIGNALS:
     void requestStart();
     void requestStartFromPart(int aPartIndex);
     void requestStartFromPlaytime(int aStartPosition);
+    void requestStartLoop(int aPartIndexStart, int aPartIndexEnd);
     void requestStop();
     void requestPause();
     void requestResume();
@@ -59,6 +76,7 @@ Q_SIGNALS:
     void requestSetVolume(double volume);
     // Percent, -15 to 15; kept, but the sound doesn't change by it.
     void requestSetPitch(double pitch);
+    void requestConvert(QString filename, int tempo, Song::EFileFormat format);
 
     // In steps of 100 ms.
     void notifyPlayTimeChanged(int playtime);
@@ -66,11 +84,14 @@ Q_SIGNALS:
     void notifyIsPlayingChanged(bool isPlaying);
     // Index of the position that plays, -1 for none.
     void notifyActivePartChanged(int part);
+    // The number to show now, or that there is none.
+    void notifyCountDown(CountDownEvent countdown);
 
 private Q_SLOTS:
     void doNotifyPlayTimeChanged(int playtime);
     void doNotifyIsPlayingChanged(bool isPlaying);
     void doNotifyActivePartChanged(int part);
+    void doNotifyCountDown(CountDownEvent countdown);
 
 private:
     void connectRequests();

@@ -2,19 +2,13 @@
 
 #include "SongAudioData.h"
 
-#include <QTimer>
 #include <QtDebug>
 
 #include <algorithm>
-#include <utility>
 
 namespace {
 
 constexpr int tickMs = 50;
-constexpr int playtimeStepMs = 100;
-// What the stretcher can take.
-constexpr int mostChannels = 16;
-constexpr int highestSampleRate = 192000;
 
 double factorOf(double percent, double limit)
 {
@@ -42,6 +36,8 @@ PlayerEngine2::PlayerEngine2(QObject *parent)
     : QThread(parent)
 {
     connect(&output, &AudioOutput::stateChanged, this, &PlayerEngine2::outputStateChanged);
+    foreplayTimer.setTimerType(Qt::PreciseTimer);
+    connect(&foreplayTimer, &QTimer::timeout, this, &PlayerEngine2::foreplayTimerExpired);
 }
 
 PlayerEngine2::~PlayerEngine2() = default;
@@ -58,22 +54,48 @@ void PlayerEngine2::run()
 
 void PlayerEngine2::doStart()
 {
+    resetEventPlayTime();
     internalStart();
 }
 
 void PlayerEngine2::doStartFromPart(int aPartIndex)
 {
+    resetEventPlayTime();
     internalStartFromPart(aPartIndex);
 }
 
 void PlayerEngine2::doStartFromPlaytime(int aStartPosition)
 {
+    resetEventPlayTime();
     internalStartFromPlaytime(aStartPosition);
+}
+
+// The names of the arguments are crossed: the first one is the part at whose end the loop jumps,
+// the second one the part to which. Whoever calls gives the same part twice.
+void PlayerEngine2::doStartLoop(int aPartIndexStart, int aPartIndexEnd)
+{
+    resetEventPlayTime();
+    loopStartPart = aPartIndexEnd;
+    loopEndPart = aPartIndexStart;
+    loopStartTime = partTime(aPartIndexEnd);
+    loopEndTime = partTime(aPartIndexStart + 1);
+    // The last part has no end: microseconds taken for milliseconds lie far behind the song's end,
+    // where it runs out, but on a song that stands this end makes every tick jump back.
+    constexpr qint64 justBefore = 250;
+    if (loopEndPart > 0 && loopEndTime == 0)
+        loopEndTime = playedUSecs - justBefore;
+    internalStartFromPart(aPartIndexEnd);
 }
 
 void PlayerEngine2::doStop()
 {
+    resetEventPlayTime();
     internalStop();
+}
+
+void PlayerEngine2::resetEventPlayTime()
+{
+    registration.reset(song);
 }
 
 void PlayerEngine2::doPause()
@@ -103,12 +125,20 @@ void PlayerEngine2::doSetPitch(double percent)
     pitch = pitchFactor(percent);
 }
 
+void PlayerEngine2::doConvert(const QString &filename, int tempoPercent, Song::EFileFormat format)
+{
+    if (song)
+        song->convert(filename, tempoPercent, format);
+}
+
 void PlayerEngine2::doSetSong(SongPtr pSong)
 {
     if (pSong)
         pSong->resetCountDowns();
     if (pSong == song)
         return;
+    if (song)
+        registration.logState("Set new Song. Old song: ", *song);
     internalStop();
     if (song)
         song->releaseAudio();
@@ -141,6 +171,11 @@ void PlayerEngine2::internalStart()
         return;
     song->resetCountDowns();
     startPosition = 0;
+    // Half a second before the first number shows.
+    constexpr int ahead = 500;
+    const int lead = song->getCountDowns().earliestStart() - ahead;
+    if (lead < 0)
+        startForeplay(lead);
     internalResume();
 }
 
@@ -171,7 +206,9 @@ void PlayerEngine2::internalStartFromPlaytime(int ms)
 
 void PlayerEngine2::internalStop()
 {
+    foreplayTimer.stop();
     internalPause();
+    loopStartPart = loopStartTime = loopEndPart = loopEndTime = 0;
     output.stop();
     startPosition = 0;
     lastProcessedUSecs = playedUSecs = 0;
@@ -182,8 +219,12 @@ void PlayerEngine2::internalStop()
     setPlaytime(0);
 }
 
+// A pause in the foreplay is a stop.
 void PlayerEngine2::internalPause()
 {
+    lostSince.invalidate();
+    if (isInForeplay())
+        internalStop();
     if (isPlaying) {
         startPosition = playtime;
         lastProcessedUSecs = playedUSecs = 0;
@@ -199,9 +240,11 @@ void PlayerEngine2::internalResume()
         qDebug() << "Resume Song: " << song->getFilename();
     if (isPlaying || !song)
         return;
+    lostSince.invalidate();
     setPlaying(true);
     forgetPartAtStart();
-    startAudioOutput();
+    if (!isInForeplay())
+        startAudioOutput();
 }
 
 void PlayerEngine2::startAudioOutput()
@@ -220,9 +263,7 @@ void PlayerEngine2::loadDevice()
 
 bool PlayerEngine2::isPlayable() const
 {
-    return song && !song->isMissingFile() && song->getFrequency() > 0
-           && song->getFrequency() <= highestSampleRate && song->getChannels() > 0
-           && song->getChannels() <= mostChannels;
+    return song && song->isPlayable();
 }
 
 bool PlayerEngine2::openOutput()
@@ -237,8 +278,10 @@ bool PlayerEngine2::openOutput()
     return output.start(&device);
 }
 
+// A loop would try again at every tick.
 void PlayerEngine2::giveUpStart()
 {
+    loopStartPart = loopStartTime = loopEndPart = loopEndTime = 0;
     setPlaying(false);
     forgetPartAtStart();
 }
@@ -251,13 +294,22 @@ void PlayerEngine2::outputStateChanged(QAudio::State state)
         checkEnd();
 }
 
-// The place is kept: the music goes on at another output, or waits for one in a pause.
+// The place is kept: the music goes on at another output, or in a pause waits for one, as long as a
+// sound server takes to start again.
 void PlayerEngine2::leaveLostOutput()
 {
-    if (!isPlaying || !output.isLost())
+    constexpr int patienceMs = 5000;
+    if (isPlaying && output.isLost()) {
+        qWarning() << "The audio output is gone.";
+        internalPause();
+        lostSince.start();
+    }
+    if (!lostSince.isValid())
         return;
-    internalPause();
-    internalResume();
+    if (lostSince.hasExpired(patienceMs))
+        lostSince.invalidate();
+    else if (output.prepare(song->getFormat()))
+        internalResume();
 }
 
 // An output that had nothing to play for a moment goes on by itself: that is no end.
@@ -277,77 +329,4 @@ void PlayerEngine2::endSong()
     if (activePart > 0)
         setActivePart(-1);
     setPlaytime(0);
-}
-
-void PlayerEngine2::checkPlaytime()
-{
-    leaveLostOutput();
-    checkEnd();
-    countPlayed();
-    setPlaytime(static_cast<int>(playedUSecs / 1000) + startPosition);
-}
-
-void PlayerEngine2::countPlayed()
-{
-    if (output.state() != QAudio::ActiveState)
-        return;
-    const qint64 processed = output.processedUSecs();
-    playedUSecs += static_cast<qint64>(double(processed - lastProcessedUSecs) * tempo);
-    lastProcessedUSecs = processed;
-}
-
-void PlayerEngine2::setPlaytime(int t)
-{
-    if (t == playtime)
-        return;
-    const bool newStep = playtime / playtimeStepMs != t / playtimeStepMs;
-    playtime = t;
-    if (newStep)
-        Q_EMIT notifyPlayTimeChanged(playtime);
-    refreshActivePart(false);
-}
-
-void PlayerEngine2::refreshActivePart(bool force)
-{
-    const int part = isPlaying ? partAt(playtime) : -1;
-    if (part != activePart || force)
-        setActivePart(part);
-}
-
-// Read only: a write access would copy a list that an undo step shares.
-const SongPositions &PlayerEngine2::positions() const
-{
-    static const SongPositions none;
-    return song ? std::as_const(*song).getPositions() : none;
-}
-
-int PlayerEngine2::partAt(int t) const
-{
-    int part = positions().count() - 1;
-    while (part >= 0 && positions().at(part).getTime() >= t)
-        --part;
-    return part;
-}
-
-int PlayerEngine2::partTime(int index) const
-{
-    return index >= 0 && index < positions().count() ? positions().at(index).getTime() : 0;
-}
-
-void PlayerEngine2::setPlaying(bool playing)
-{
-    isPlaying = playing;
-    Q_EMIT notifyIsPlayingChanged(playing);
-}
-
-void PlayerEngine2::setActivePart(int part)
-{
-    activePart = part;
-    Q_EMIT notifyActivePartChanged(part);
-}
-
-void PlayerEngine2::forgetPartAtStart()
-{
-    if (startPosition == 0 && activePart >= 1)
-        setActivePart(-1);
 }

@@ -6,7 +6,7 @@
 
 #include <utility>
 
-// All that a player tells, in order: "playing", "silent", "part 2", "time 1300".
+// All that a player tells, in order: "playing", "silent", "part 2", "time 1300", "count 3".
 class PlayerLog : public QObject
 {
     Q_OBJECT
@@ -19,6 +19,10 @@ public:
         });
         connect(&player, &Player::notifyActivePartChanged, this,
                 [this](int part) { all.append(QStringLiteral("part %1").arg(part)); });
+        connect(&player, &Player::notifyCountDown, this, [this](const CountDownEvent &event) {
+            all.append(event.isOn() ? QStringLiteral("count %1").arg(event.count)
+                                    : QStringLiteral("count off"));
+        });
         connect(&player, &Player::notifyPlayTimeChanged, this, [this](int time) {
             times.append(time);
             all.append(QStringLiteral("time %1").arg(time));

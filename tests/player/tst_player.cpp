@@ -1,16 +1,10 @@
 #include "LogCapture.h"
-#include "Player.h"
-#include "PlayerLog.h"
-#include "Samples.h"
+#include "PlayerFixture.h"
 #include "TestMain.h"
 
-#include <QAudioDevice>
 #include <QCoreApplication>
-#include <QMediaDevices>
 #include <QPointer>
 #include <QSignalSpy>
-
-#include <memory>
 
 using namespace Qt::StringLiterals;
 
@@ -20,15 +14,9 @@ const QString decodes = u"debug: Decode Audio Data"_qs;
 const QString refused
     = u"critical: Selected audio format not supported by backend, cannot play audio."_qs;
 
-// Some ticks of the player's clock pass.
-void passTicks()
-{
-    QTest::qWait(200);
-}
-
 } // namespace
 
-class TestPlayer : public QObject
+class TestPlayer : public QObject, PlayerFixture
 {
     Q_OBJECT
 
@@ -72,64 +60,22 @@ private Q_SLOTS:
     void volumeAndPitchDisturbNothing();
     void stopRightAfterStart();
     void playerMayGoWhilePlaying();
-
-private:
-    SongPtr newSong(double seconds, const QString &suffix = u"mp3"_qs, int rate = 44100,
-                    int channels = 2);
-    bool playBeyond(int ms);
-
-    QTemporaryDir directory;
-    std::unique_ptr<Player> player;
-    std::unique_ptr<PlayerLog> log;
-    SongPtr song;
 };
 
 void TestPlayer::initTestCase()
 {
-    if (qEnvironmentVariable("TARVELO_SESSION") != u"1"_qs)
-        QSKIP("Needs a sound server of its own: run it through scripts/test-session.");
-    const QList<QAudioDevice> outputs = QMediaDevices::audioOutputs();
-    QVERIFY2(std::any_of(outputs.cbegin(), outputs.cend(),
-                         [](const QAudioDevice &device) { return device.id() == "null"; }),
-             "the session has no null sink");
+    if (const char *obstacle = PlayerFixture::obstacle())
+        QSKIP(obstacle);
 }
 
-// A new song of ten seconds with parts at 0, 1000 and 2500 ms.
 void TestPlayer::init()
 {
-    player = std::make_unique<Player>();
-    log = std::make_unique<PlayerLog>(*player);
-    song = newSong(10);
-    QVERIFY(song);
-    int index = 0;
-    for (const int time : {0, 1000, 2500})
-        song->getPositions().insert(index++, Position(time, u"Part"_qs, QString()));
+    begin();
 }
 
 void TestPlayer::cleanup()
 {
-    log.reset();
-    player.reset();
-    song.reset();
-}
-
-SongPtr TestPlayer::newSong(double seconds, const QString &suffix, int rate, int channels)
-{
-    const QString file
-        = directory.filePath(u"%1s-%2-%3.%4"_qs.arg(seconds).arg(rate).arg(channels).arg(suffix));
-    if (!QFile::exists(file)
-        && !Samples::writeTone(file, {.seconds = seconds, .rate = rate, .channels = channels}))
-        return {};
-    const SongPtr made(new Song(file, false));
-    made->setFrequency(rate);
-    made->setChannels(channels);
-    made->setPlayLength(static_cast<int>(seconds));
-    return made;
-}
-
-bool TestPlayer::playBeyond(int ms)
-{
-    return QTest::qWaitFor([this, ms] { return player->getPlaytime() > ms; }, ms + 5000);
+    end();
 }
 
 void TestPlayer::aNewSongRenewsItsCountDowns()
