@@ -1,0 +1,196 @@
+#include "PlayerFixture.h"
+#include "Recorder.h"
+#include "TestMain.h"
+
+#include <QCoreApplication>
+#include <QProcess>
+
+#include <csignal>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// What pactl prints; null when it failed.
+QString pactl(const QStringList &arguments)
+{
+    QProcess process;
+    process.start(u"pactl"_s, arguments);
+    if (!process.waitForFinished() || process.exitCode() != 0)
+        return {};
+    return QString::fromUtf8(process.readAllStandardOutput()).trimmed() + u' ';
+}
+
+bool hasOutput(const QByteArray &id)
+{
+    const QList<QAudioDevice> outputs = QMediaDevices::audioOutputs();
+    return std::any_of(outputs.cbegin(), outputs.cend(),
+                       [&id](const QAudioDevice &device) { return device.id() == id; });
+}
+
+// The module's number; null when it can't be had.
+QString addSink(const QString &name)
+{
+    return pactl({u"load-module"_s, u"module-null-sink"_s, u"sink_name="_s + name, u"rate=44100"_s,
+                  u"channels=2"_s})
+        .trimmed();
+}
+
+// The session's own: all its processes bear the session's name.
+QList<qint64> soundServers()
+{
+    const QByteArray mark = "TARVELO_SESSION_DIR=" + qgetenv("TARVELO_SESSION_DIR");
+    QProcess process;
+    process.start(u"pgrep"_s, {u"-x"_s, u"pipewire-pulse"_s});
+    process.waitForFinished();
+    QList<qint64> found;
+    for (const QByteArray &id : process.readAllStandardOutput().split('\n')) {
+        QFile environment(u"/proc/%1/environ"_s.arg(QString::fromLatin1(id)));
+        if (environment.open(QIODevice::ReadOnly)
+            && environment.readAll().split('\0').contains(mark))
+            found.append(id.toLongLong());
+    }
+    return found;
+}
+
+} // namespace
+
+// The sound goes to where the default output is, and follows it.
+class TestPlayerOutput : public QObject, PlayerFixture
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+    void cleanup();
+
+    void eachStartTakesTheDefault();
+    void aLostOutputIsReplaced();
+    void aMoveIsOnePlay();
+    void aServerThatComesBackIsTaken();
+
+private:
+    bool makeDefault(const QString &name);
+    double loudSeconds(const Recorder &recorder, double from) const;
+};
+
+void TestPlayerOutput::initTestCase()
+{
+    if (const char *obstacle = PlayerFixture::obstacle())
+        QSKIP(obstacle);
+}
+
+void TestPlayerOutput::init()
+{
+    begin();
+    song = newSong(30);
+    player->setSong(song);
+}
+
+void TestPlayerOutput::cleanup()
+{
+    end();
+}
+
+bool TestPlayerOutput::makeDefault(const QString &name)
+{
+    return QTest::qWaitFor([&] { return hasOutput(name.toUtf8()); }, 5000)
+           && !pactl({u"set-default-sink"_s, name}).isNull() && QTest::qWaitFor([&] {
+                  return QMediaDevices::defaultAudioOutput().id() == name.toUtf8();
+              });
+}
+
+double TestPlayerOutput::loudSeconds(const Recorder &recorder, double from) const
+{
+    const qsizetype first = recorder.firstSound(recorder.frameAt(from));
+    return first < 0 ? 0 : double(recorder.lastSound() - first) / Recorder::rate;
+}
+
+void TestPlayerOutput::eachStartTakesTheDefault()
+{
+    const QString module = addSink(u"room"_s);
+    QVERIFY(!module.isEmpty());
+    player->start();
+    QVERIFY(playBeyond(500));
+    player->pause();
+    QVERIFY(makeDefault(u"room"_s));
+    Recorder old;
+    Recorder room;
+    QVERIFY(old.start() && room.start(u"room.monitor"_s));
+    const double resumed = Recorder::now();
+    player->resume();
+    QVERIFY(playBeyond(1500));
+    room.catchUp();
+    old.catchUp();
+    QVERIFY(loudSeconds(room, resumed) > 0.5);
+    QCOMPARE(loudSeconds(old, resumed), 0.0);
+    player->stop();
+    QVERIFY(makeDefault(u"null"_s));
+    QVERIFY(!pactl({u"unload-module"_s, module}).isNull());
+}
+
+void TestPlayerOutput::aLostOutputIsReplaced()
+{
+    const QString module = addSink(u"other"_s);
+    QVERIFY(makeDefault(u"other"_s));
+    Recorder recorder;
+    QVERIFY(recorder.start());
+    player->start();
+    QVERIFY(playBeyond(1000));
+    const double gone = Recorder::now();
+    QVERIFY(!pactl({u"unload-module"_s, module}).isNull());
+    QTRY_VERIFY(!hasOutput("other"));
+    const int then = player->getPlaytime();
+    QVERIFY(playBeyond(then + 1000));
+    QVERIFY(player->isPlaying());
+    recorder.catchUp();
+    const double heard = recorder.timeOf(recorder.firstSound(recorder.frameAt(gone))) - gone;
+    QVERIFY2(heard > 0 && heard < 1000, qPrintable(QString::number(heard)));
+    const qsizetype all = recorder.samples().size();
+    QVERIFY(recorder.longestSilence(all - Recorder::rate / 2, all) < 150);
+}
+
+// A pause and a resume: the time goes on, no part is told twice, nothing begins anew.
+void TestPlayerOutput::aMoveIsOnePlay()
+{
+    const QString module = addSink(u"other"_s);
+    QVERIFY(makeDefault(u"other"_s));
+    player->start();
+    QVERIFY(playBeyond(1200));
+    log->take();
+    const int before = player->getPlaytime();
+    QVERIFY(!pactl({u"unload-module"_s, module}).isNull());
+    QVERIFY(playBeyond(before + 1000));
+    const QStringList states = log->takeStates();
+    QCOMPARE(states.mid(0, 2), (QStringList{u"silent"_s, u"playing"_s}));
+    QCOMPARE(states.count(u"silent"_s), 1);
+    for (const int time : std::as_const(log->times))
+        QVERIFY(time >= 0);
+    QVERIFY(std::is_sorted(log->times.cbegin(), log->times.cend()));
+}
+
+void TestPlayerOutput::aServerThatComesBackIsTaken()
+{
+    player->start();
+    QVERIFY(playBeyond(1000));
+    const QList<qint64> servers = soundServers();
+    QCOMPARE(servers.size(), 1);
+    ::kill(static_cast<pid_t>(servers.first()), SIGTERM);
+    QTRY_VERIFY_WITH_TIMEOUT(soundServers().isEmpty(), 5000);
+    const int gone = player->getPlaytime();
+    QVERIFY(QProcess::startDetached(u"pipewire-pulse"_s, {}));
+    QTRY_VERIFY_WITH_TIMEOUT(!addSink(u"null"_s).isEmpty(), 10000);
+    const double back = Recorder::now();
+    QTRY_VERIFY_WITH_TIMEOUT(hasOutput("null"), 20000);
+    QTRY_VERIFY_WITH_TIMEOUT(player->isPlaying() && player->getPlaytime() > gone + 1500, 20000);
+    const double took = Recorder::now() - back - 1500;
+    fprintf(stdout, "FIGURE goes on %.0f ms after the server came back\n", took);
+    QVERIFY2(took < 5000, qPrintable(QString::number(took)));
+    QVERIFY(player->getPlaytime() < gone + 5000);
+    player->stop();
+    QVERIFY(makeDefault(u"null"_s));
+}
+
+TARVELO_TEST_MAIN(TestPlayerOutput, QCoreApplication)
+#include "tst_playeroutput.moc"
