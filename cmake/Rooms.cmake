@@ -8,7 +8,7 @@ set(TARVELO_EDGES_songdata
     "base;pcm;Qt6::Gui;PkgConfig::TagLib;PkgConfig::SoundTouch;Qt6::Sql;Qt6::Pdf")
 set(TARVELO_EDGES_playlists "songdata")
 set(TARVELO_EDGES_library "songdata;playlists")
-set(TARVELO_EDGES_player "songdata;pcm;PkgConfig::SoundTouch")
+set(TARVELO_EDGES_player "songdata;pcm;PkgConfig::SoundTouch;PkgConfig::Pulse")
 set(TARVELO_EDGES_libraryui "library;ui")
 set(TARVELO_EDGES_positions "songdata;player;ui")
 set(TARVELO_EDGES_dialogs "songdata;library;player;ui")

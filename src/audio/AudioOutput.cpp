@@ -1,5 +1,7 @@
 #include "AudioOutput.h"
 
+#include "DefaultOutput.h"
+
 #include <QAudioFormat>
 #include <QAudioSink>
 #include <QMediaDevices>
@@ -30,10 +32,11 @@ AudioOutput::~AudioOutput()
 
 bool AudioOutput::prepare(const QAudioFormat &format)
 {
-    if (sink && !(fits(format) && isPresent() && isDefault()))
-        drop();
+    const QAudioDevice wanted = defaultOutput();
+    if (sink && !(fits(format) && isPresent() && wanted.id() == device.id()))
+        giveUp();
     if (!sink)
-        create(format);
+        create(wanted, format);
     return sink != nullptr;
 }
 
@@ -52,14 +55,9 @@ bool AudioOutput::isPresent() const
                        [this](const QAudioDevice &one) { return one.id() == device.id(); });
 }
 
-bool AudioOutput::isDefault() const
+void AudioOutput::create(const QAudioDevice &wanted, const QAudioFormat &format)
 {
-    return QMediaDevices::defaultAudioOutput().id() == device.id();
-}
-
-void AudioOutput::create(const QAudioFormat &format)
-{
-    device = QMediaDevices::defaultAudioOutput();
+    device = wanted;
     if (device.isNull() || !device.isFormatSupported(format))
         return;
     sink = new QAudioSink(device, format, this);
@@ -68,8 +66,10 @@ void AudioOutput::create(const QAudioFormat &format)
 }
 
 // Taking down a sink runs the event loop: not in the middle of a start.
-void AudioOutput::drop()
+void AudioOutput::giveUp()
 {
+    if (!sink)
+        return;
     disconnect(sink, nullptr, this, nullptr);
     stop();
     std::exchange(sink, nullptr)->deleteLater();

@@ -37,6 +37,8 @@ public:
     bool hasPlayedOut() const;
     // The output was there and is gone, or has given up.
     bool isLost() const;
+    // Gives a lost output up: the next start opens one anew, also where it has the same name.
+    void giveUp();
     // Factor; above 1.0 is no louder. Without an output it has no effect, also not later.
     void setVolume(double factor);
 
@@ -46,9 +48,7 @@ Q_SIGNALS:
 private:
     bool fits(const QAudioFormat &format) const;
     bool isPresent() const;
-    bool isDefault() const;
-    void create(const QAudioFormat &format);
-    void drop();
+    void create(const QAudioDevice &wanted, const QAudioFormat &format);
     void onStateChanged(QAudio::State state);
 
     QAudioSink *sink = nullptr;

@@ -298,18 +298,33 @@ void PlayerEngine2::outputStateChanged(QAudio::State state)
 // sound server takes to start again.
 void PlayerEngine2::leaveLostOutput()
 {
-    constexpr int patienceMs = 5000;
+    constexpr int patienceMs = 10000;
+    constexpr int betweenTriesMs = 500;
     if (isPlaying && output.isLost()) {
         qWarning() << "The audio output is gone.";
         internalPause();
+        output.giveUp();
         lostSince.start();
+        lastTry.invalidate();
     }
-    if (!lostSince.isValid())
+    if (!lostSince.isValid() || (lastTry.isValid() && !lastTry.hasExpired(betweenTriesMs)))
         return;
     if (lostSince.hasExpired(patienceMs))
         lostSince.invalidate();
     else if (output.prepare(song->getFormat()))
-        internalResume();
+        resumeLostPlay();
+}
+
+// An output that could not be opened after all may be one of those that are gone.
+void PlayerEngine2::resumeLostPlay()
+{
+    const QElapsedTimer since = lostSince;
+    internalResume();
+    if (isPlaying)
+        return;
+    output.giveUp();
+    lostSince = since;
+    lastTry.start();
 }
 
 // An output that had nothing to play for a moment goes on by itself: that is no end.

@@ -84,6 +84,7 @@ private:
     void giveUpStart();
     void outputStateChanged(QAudio::State state);
     void leaveLostOutput();
+    void resumeLostPlay();
     void checkEnd();
     void endSong();
 
@@ -111,6 +112,7 @@ private:
     double tempo = 1.0;
     // Runs while a song that plays waits for an output to come back.
     QElapsedTimer lostSince;
+    QElapsedTimer lastTry;
     qint64 lastProcessedUSecs = 0;
     qint64 playedUSecs = 0;
     PlayRegistration registration;

@@ -1,0 +1,8 @@
+#include "DefaultOutput.h"
+
+#include <QMediaDevices>
+
+QAudioDevice defaultOutput()
+{
+    return QMediaDevices::defaultAudioOutput();
+}
