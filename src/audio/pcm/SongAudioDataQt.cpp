@@ -12,6 +12,7 @@ namespace {
 
 constexpr int headBuffers = 20;
 constexpr int headWaitMs = 100;
+constexpr int silentMs = 2000;
 
 // The last reference may go while the decoder stands inside one of its own signals.
 void discard(QAudioDecoder *decoder)
@@ -47,6 +48,16 @@ void SongAudioDataQt::startDecoder(const QString &filename, const QAudioFormat &
     decoder->setSource(QUrl::fromLocalFile(filename));
     decoder->setAudioFormat(format);
     decoder->start();
+    QTimer::singleShot(silentMs, this, &SongAudioDataQt::giveUpSilent);
+}
+
+// The back end sometimes tells neither an end nor an error of a broken file.
+void SongAudioDataQt::giveUpSilent()
+{
+    if (!growing || !buffers.isEmpty() || (decoder && decoder->isDecoding()))
+        return;
+    qDebug() << "The decoder has fallen silent.";
+    endGrowing();
 }
 
 void SongAudioDataQt::waitForHead()

@@ -29,5 +29,6 @@ private:
     void startDecoder(const QString &filename, const QAudioFormat &format);
     void waitForHead();
     void appendBuffer();
+    void giveUpSilent();
     void endGrowing();
 };
