@@ -32,7 +32,7 @@ AudioOutput::~AudioOutput()
 
 bool AudioOutput::prepare(const QAudioFormat &format)
 {
-    const QAudioDevice wanted = defaultOutput();
+    const QAudioDevice wanted = defaultOutput(device);
     if (sink && !(fits(format) && isPresent() && wanted.id() == device.id()))
         giveUp();
     if (!sink)
@@ -61,7 +61,6 @@ void AudioOutput::create(const QAudioDevice &wanted, const QAudioFormat &format)
     if (device.isNull() || !device.isFormatSupported(format))
         return;
     sink = new QAudioSink(device, format, this);
-    sink->setBufferSize(format.bytesForDuration(bufferUSecs));
     connect(sink, &QAudioSink::stateChanged, this, &AudioOutput::onStateChanged);
 }
 
@@ -78,13 +77,18 @@ void AudioOutput::giveUp()
 bool AudioOutput::start(QIODevice *source)
 {
     stop();
+    // The sink remembers what the server granted the last time, and asks for that: less each time,
+    // until it is too little for a single pull.
+    sink->setBufferSize(sink->format().bytesForDuration(bufferUSecs));
     sink->start(source);
-    return sink->state() != QAudio::StoppedState;
+    isRunning = sink->state() != QAudio::StoppedState;
+    return isRunning;
 }
 
 // Always before a sink goes or starts anew: an active one still has a pull under way.
 void AudioOutput::stop()
 {
+    isRunning = false;
     if (sink && sink->state() != QAudio::StoppedState)
         sink->stop();
 }
@@ -111,7 +115,7 @@ bool AudioOutput::hasPlayedOut() const
 
 bool AudioOutput::isLost() const
 {
-    return sink && (sink->state() == QAudio::StoppedState || !isPresent());
+    return isRunning && (sink->state() == QAudio::StoppedState || !isPresent());
 }
 
 void AudioOutput::setVolume(double factor)

@@ -35,7 +35,7 @@ public:
     qint64 processedUSecs() const;
     // The source had nothing, and all that it had delivered before has been heard.
     bool hasPlayedOut() const;
-    // The output was there and is gone, or has given up.
+    // The output played and is gone, or has given up.
     bool isLost() const;
     // Gives a lost output up: the next start opens one anew, also where it has the same name.
     void giveUp();
@@ -52,6 +52,8 @@ private:
     void onStateChanged(QAudio::State state);
 
     QAudioSink *sink = nullptr;
+    // Started, and not stopped by us.
+    bool isRunning = false;
     QAudioDevice device;
     // What was still to be heard when the source had nothing more.
     QElapsedTimer idleSince;

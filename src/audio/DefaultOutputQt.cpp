@@ -2,7 +2,7 @@
 
 #include <QMediaDevices>
 
-QAudioDevice defaultOutput()
+QAudioDevice defaultOutput(const QAudioDevice &)
 {
     return QMediaDevices::defaultAudioOutput();
 }

@@ -56,6 +56,11 @@ void Player::setSong(const SongPtr &song)
     Q_EMIT requestSetSong(song);
 }
 
+SongPtr Player::getSong() const
+{
+    return engine->getSong();
+}
+
 void Player::setTempo(double percent)
 {
     Q_EMIT requestSetTempo(percent);

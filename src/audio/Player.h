@@ -19,6 +19,7 @@ class Player : public QObject
     Q_PROPERTY(int loopEnd READ getLoopEnd)
     Q_PROPERTY(int playtimeTotal READ getPlaytimeTotal)
     Q_PROPERTY(int playtime READ getPlaytime)
+    Q_PROPERTY(SongPtr song READ getSong WRITE setSong)
     Q_PROPERTY(double tempo READ getTempo WRITE setTempo)
 
 public:
@@ -28,6 +29,7 @@ public:
     // Stops what plays, lets go of the former song and decodes the new one, with that song's own
     // tempo; may run the event loop for up to 100 ms. The same song again changes nothing.
     void setSong(const SongPtr &song);
+    SongPtr getSong() const;
     void setTempo(double percent);
 
     // From a start until a pause, a stop or the end; also during the foreplay.

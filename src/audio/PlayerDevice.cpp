@@ -39,7 +39,8 @@ void PlayerDevice::configureStretcher()
 {
     stretcher->setSetting(SETTING_USE_QUICKSEEK, 1);
     stretcher->setSetting(SETTING_USE_AA_FILTER, 0);
-    stretcher->setChannels(static_cast<uint>(song->getChannels()));
+    channels = static_cast<uint>(song->getChannels());
+    stretcher->setChannels(channels);
     stretcher->setSampleRate(static_cast<uint>(song->getFrequency()));
     stretcher->setTempo(tempo);
 }
@@ -117,8 +118,10 @@ void PlayerDevice::fillStretcher()
 
 void PlayerDevice::feed(const QAudioBuffer &buffer)
 {
+    // The song may have been read anew since it was decoded.
+    if (buffer.format().channelCount() != static_cast<int>(channels))
+        return;
     const std::vector<float> floats = PcmSamples::floatsOf(buffer);
-    const auto channels = static_cast<uint>(song->getChannels());
     stretcher->putSamples(floats.data(), static_cast<uint>(floats.size()) / channels);
 }
 
@@ -127,7 +130,6 @@ qint64 PlayerDevice::drainStretcher(char *data, qint64 maxlen)
     const uint available = stretcher->numSamples();
     if (available == 0)
         return 0;
-    const uint channels = static_cast<uint>(song->getChannels());
     const uint frames = std::min(available, static_cast<uint>(maxlen) / channels / 2);
     std::vector<float> floats(std::size_t(frames) * channels);
     const uint received = stretcher->receiveSamples(floats.data(), frames);
@@ -149,7 +151,7 @@ void PlayerDevice::listenTo(const SongAudioData *audio)
 
 void PlayerDevice::onBufferAdded()
 {
-    if (pendingSeek && seekTo(*pendingSeek, decodedCount() - 1))
+    if (pendingSeek && decodedCount() > 0 && seekTo(*pendingSeek, decodedCount() - 1))
         pendingSeek.reset();
     if (!pendingSeek)
         wakeReader();

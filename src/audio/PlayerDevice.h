@@ -63,6 +63,8 @@ private:
 
     SongPtr song;
     double tempo = 1.0;
+    // Of the stretcher.
+    uint channels = 1;
     qint64 totalBytes = 0;
     qint64 readBytes = 0;
     qint64 bufferIndex = 0;

@@ -5,13 +5,21 @@
 #include <QtDebug>
 
 #include <algorithm>
+#include <cmath>
+#include <limits>
 
 namespace {
 
 constexpr int tickMs = 50;
+// How long a song waits for an output: a sound server takes some seconds to start again.
+constexpr int patienceMs = 10000;
+constexpr int betweenTriesMs = 500;
 
+// A text in a file may say "nan".
 double factorOf(double percent, double limit)
 {
+    if (!std::isfinite(percent))
+        return 1.0;
     return std::clamp(percent / 100.0 + 1.0, 1.0 - limit, 1.0 + limit);
 }
 
@@ -27,7 +35,7 @@ double pitchFactor(double percent)
 
 double volumeFactor(double factor)
 {
-    return std::clamp(factor, 0.0, 2.0);
+    return std::isfinite(factor) ? std::clamp(factor, 0.0, 2.0) : 1.0;
 }
 
 } // namespace
@@ -78,7 +86,7 @@ void PlayerEngine2::doStartLoop(int aPartIndexStart, int aPartIndexEnd)
     loopStartPart = aPartIndexEnd;
     loopEndPart = aPartIndexStart;
     loopStartTime = partTime(aPartIndexEnd);
-    loopEndTime = partTime(aPartIndexStart + 1);
+    loopEndTime = partTime(qint64(aPartIndexStart) + 1);
     // The last part has no end: microseconds taken for milliseconds lie far behind the song's end,
     // where it runs out, but on a song that stands this end makes every tick jump back.
     constexpr qint64 justBefore = 250;
@@ -140,6 +148,7 @@ void PlayerEngine2::doSetSong(SongPtr pSong)
     if (song)
         registration.logState("Set new Song. Old song: ", *song);
     internalStop();
+    device.setSong(SongPtr(), tempo);
     if (song)
         song->releaseAudio();
     song = pSong;
@@ -172,10 +181,10 @@ void PlayerEngine2::internalStart()
     song->resetCountDowns();
     startPosition = 0;
     // Half a second before the first number shows.
-    constexpr int ahead = 500;
-    const int lead = song->getCountDowns().earliestStart() - ahead;
+    constexpr qint64 ahead = 500;
+    const qint64 lead = song->getCountDowns().earliestStart() - ahead;
     if (lead < 0)
-        startForeplay(lead);
+        startForeplay(static_cast<int>(std::max<qint64>(lead, std::numeric_limits<int>::min())));
     internalResume();
 }
 
@@ -208,6 +217,8 @@ void PlayerEngine2::internalStop()
 {
     foreplayTimer.stop();
     internalPause();
+    // Somebody may have started the song again when it fell silent.
+    foreplayTimer.stop();
     loopStartPart = loopStartTime = loopEndPart = loopEndTime = 0;
     output.stop();
     startPosition = 0;
@@ -243,16 +254,30 @@ void PlayerEngine2::internalResume()
     lostSince.invalidate();
     setPlaying(true);
     forgetPartAtStart();
-    if (!isInForeplay())
+    // Whoever heard that may have stopped it.
+    if (isPlaying && !isInForeplay())
         startAudioOutput();
 }
 
 void PlayerEngine2::startAudioOutput()
 {
-    loadDevice();
-    if (!openOutput())
+    if (!isPlayable() || !output.prepare(song->getFormat())) {
+        qCritical() << "Selected audio format not supported by backend, cannot play audio.";
         giveUpStart();
+    } else if (!feedOutput()) {
+        giveUpStart();
+    }
     lastProcessedUSecs = playedUSecs = 0;
+}
+
+// Of an output that is prepared; false when it could not be opened.
+bool PlayerEngine2::feedOutput()
+{
+    loadDevice();
+    if (!device.isOpen() && !device.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
+        qCritical() << "Cannot open Audio Output Device";
+    device.seekToPlaytime(startPosition);
+    return output.start(&device);
 }
 
 // A song without a file, or one whose sound nobody could read, leaves the device empty.
@@ -264,18 +289,6 @@ void PlayerEngine2::loadDevice()
 bool PlayerEngine2::isPlayable() const
 {
     return song && song->isPlayable();
-}
-
-bool PlayerEngine2::openOutput()
-{
-    if (!isPlayable() || !output.prepare(song->getFormat())) {
-        qCritical() << "Selected audio format not supported by backend, cannot play audio.";
-        return false;
-    }
-    if (!device.isOpen() && !device.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
-        qCritical() << "Cannot open Audio Output Device";
-    device.seekToPlaytime(startPosition);
-    return output.start(&device);
 }
 
 // A loop would try again at every tick.
@@ -294,37 +307,32 @@ void PlayerEngine2::outputStateChanged(QAudio::State state)
         checkEnd();
 }
 
-// The place is kept: the music goes on at another output, or in a pause waits for one, as long as a
-// sound server takes to start again.
+// The song counts as playing all the time, so that nobody takes the move for its end.
 void PlayerEngine2::leaveLostOutput()
 {
-    constexpr int patienceMs = 10000;
-    constexpr int betweenTriesMs = 500;
-    if (isPlaying && output.isLost()) {
-        qWarning() << "The audio output is gone.";
-        internalPause();
-        output.giveUp();
-        lostSince.start();
-        lastTry.invalidate();
-    }
-    if (!lostSince.isValid() || (lastTry.isValid() && !lastTry.hasExpired(betweenTriesMs)))
+    if (!isPlaying || (!lostSince.isValid() && !output.isLost()))
         return;
-    if (lostSince.hasExpired(patienceMs))
+    if (!lostSince.isValid())
+        beginToWait();
+    if (lastTry.isValid() && !lastTry.hasExpired(betweenTriesMs))
+        return;
+    lastTry.start();
+    if (output.prepare(song->getFormat()) && feedOutput()) {
         lostSince.invalidate();
-    else if (output.prepare(song->getFormat()))
-        resumeLostPlay();
+    } else if (lostSince.hasExpired(patienceMs)) {
+        qWarning() << "No audio output came back.";
+        giveUpStart();
+    }
 }
 
-// An output that could not be opened after all may be one of those that are gone.
-void PlayerEngine2::resumeLostPlay()
+void PlayerEngine2::beginToWait()
 {
-    const QElapsedTimer since = lostSince;
-    internalResume();
-    if (isPlaying)
-        return;
+    qWarning() << "The audio output is gone.";
+    startPosition += static_cast<int>(playedUSecs / 1000);
+    lastProcessedUSecs = playedUSecs = 0;
     output.giveUp();
-    lostSince = since;
-    lastTry.start();
+    lostSince.start();
+    lastTry.invalidate();
 }
 
 // An output that had nothing to play for a moment goes on by itself: that is no end.
@@ -336,11 +344,16 @@ void PlayerEngine2::checkEnd()
 
 void PlayerEngine2::endSong()
 {
+    // One that runs on would pull from a closed device.
+    output.stop();
     if (device.isOpen())
         device.close();
     startPosition = 0;
     lastProcessedUSecs = playedUSecs = 0;
     setPlaying(false);
+    // The next song may play by now.
+    if (isPlaying)
+        return;
     if (activePart > 0)
         setActivePart(-1);
     setPlaytime(0);

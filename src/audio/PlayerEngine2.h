@@ -80,11 +80,11 @@ private:
     void loadDevice();
     bool isPlayable() const;
     void startAudioOutput();
-    bool openOutput();
+    bool feedOutput();
     void giveUpStart();
     void outputStateChanged(QAudio::State state);
     void leaveLostOutput();
-    void resumeLostPlay();
+    void beginToWait();
     void checkEnd();
     void endSong();
 
@@ -95,7 +95,7 @@ private:
     void tellCountDown(const CountDownEvent &event);
     const SongPositions &positions() const;
     int partAt(int t) const;
-    int partTime(int index) const;
+    int partTime(qint64 index) const;
     void setPlaying(bool playing);
     void setActivePart(int part);
     void forgetPartAtStart();

@@ -2,6 +2,7 @@
 
 #include "PlayerEngine2.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -29,10 +30,10 @@ void PlayerEngine2::foreplayTimerExpired()
     constexpr double nanoseconds = 1'000'000.0;
     const qint64 passed = foreplayClock.nsecsElapsed();
     foreplayClock.start();
-    foreplayTime += double(passed) / nanoseconds * tempo;
+    foreplayTime = std::min(foreplayTime + double(passed) / nanoseconds * tempo, 0.0);
     setPlaytime(static_cast<int>(foreplayTime));
     // A listener may have stopped the song.
-    if (playtime < 0 || !foreplayTimer.isActive())
+    if (playtime < 0 || !foreplayTimer.isActive() || !isPlaying)
         return;
     playtime = startPosition = 0;
     foreplayTimer.stop();
@@ -117,9 +118,10 @@ int PlayerEngine2::partAt(int t) const
     return part;
 }
 
-int PlayerEngine2::partTime(int index) const
+int PlayerEngine2::partTime(qint64 index) const
 {
-    return index >= 0 && index < positions().count() ? positions().at(index).getTime() : 0;
+    const bool exists = index >= 0 && index < positions().count();
+    return exists ? positions().at(static_cast<int>(index)).getTime() : 0;
 }
 
 void PlayerEngine2::setPlaying(bool playing)

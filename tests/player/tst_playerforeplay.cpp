@@ -171,7 +171,7 @@ void TestPlayerForeplay::isLateByNothing()
     player->start();
     QCOMPARE(player->getPlaytime(), -500);
     QThread::msleep(600);
-    QTRY_VERIFY_WITH_TIMEOUT(player->getPlaytime() > 0, 1000);
+    QTRY_VERIFY_WITH_TIMEOUT(player->getPlaytime() > 0, 450);
 }
 
 void TestPlayerForeplay::endsWithPause()

@@ -139,6 +139,8 @@ void TestPlayerRegistration::pausesDontCountAndLoseNothing()
     QCOMPARE(song->getDanceEvents().count(), 0);
     player->resume();
     QTRY_COMPARE_WITH_TIMEOUT(song->getDanceEvents().count(), 1, 3000);
+    // Had the pause lost what was played, it would be three seconds.
+    QVERIFY2(player->getPlaytime() < 2800, qPrintable(QString::number(player->getPlaytime())));
     player->pause();
     player->resume();
     QVERIFY(playBeyond(5000));

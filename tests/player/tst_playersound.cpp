@@ -1,6 +1,8 @@
 #include "PlayerFixture.h"
 #include "Recorder.h"
 #include "Samples.h"
+#include "Settings.h"
+#include "SongStore.h"
 #include "TestMain.h"
 
 #include <QCoreApplication>
@@ -63,6 +65,7 @@ private Q_SLOTS:
     void partsFollowTheBeat_data();
     void partsFollowTheBeat();
     void endIsToldWhenAllWasHeard();
+    void registrationLeavesNoGap();
 
 private:
     SongPtr tone(double seconds);
@@ -311,6 +314,28 @@ void TestPlayerSound::endIsToldWhenAllWasHeard()
             heard);
     QVERIFY2(qAbs(after) < 150, qPrintable(QString::number(after)));
     QVERIFY2(heard > 1900, qPrintable(QString::number(heard)));
+}
+
+// The file has no tag yet: the whole of it is written anew.
+void TestPlayerSound::registrationLeavesNoGap()
+{
+    createSongStores();
+    Settings::setValue(Settings::Key::RegisterPlay, 1);
+    const SongPtr song = tone(9);
+    player->setSong(song);
+    player->start();
+    QTRY_COMPARE_WITH_TIMEOUT(song->getDanceEvents().count(), 1, 6000);
+    QVERIFY(playBeyond(player->getPlaytime() + 1000));
+    recorder->catchUp();
+    player->stop();
+    Settings::remove(Settings::Key::RegisterPlay);
+    destroySongStores();
+    const double gap = recorder->longestSilence(recorder->firstSound(), recorder->lastSound());
+    QVERIFY2(gap < 20, qPrintable(QString::number(gap)));
+    QCOMPARE(Song(song->getFilename(), false).getDanceEvents().count(), 0);
+    createSongStores();
+    QCOMPARE(Song(song->getFilename(), false).getDanceEvents().count(), 1);
+    destroySongStores();
 }
 
 TARVELO_TEST_MAIN(TestPlayerSound, QCoreApplication)
