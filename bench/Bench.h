@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <ctime>
 #include <limits>
 
 // What every benchmark needs: sizes, times and the lines it prints.
@@ -34,6 +35,20 @@ template <typename Work> double best(int rounds, Work work)
 template <typename Work> double once(Work work)
 {
     return best(1, work);
+}
+
+// One run, in milliseconds that a processor worked on this thread: of a piece of work that waits
+// for nothing, on a machine that has other work too.
+template <typename Work> double onceOnProcessor(Work work)
+{
+    const auto now = [] {
+        timespec time{};
+        clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+        return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) / 1e6;
+    };
+    const double begin = now();
+    work();
+    return now() - begin;
 }
 
 // The middle one of some values, which are not empty: what the work takes as a rule.

@@ -1,0 +1,279 @@
+// How long it takes to decode, stretch and start a song, against the bare libraries where they do
+// the same work, and what playing takes of a processor.
+
+#include "BareAudio.h"
+#include "Bench.h"
+#include "FirstSound.h"
+
+#include <Library.h>
+#include <Player.h>
+#include <PlayerDevice.h>
+#include <SongAudioDataQt.h>
+#include <SongStore.h>
+
+#include <QDir>
+#include <QEventLoop>
+#include <QFile>
+#include <QGuiApplication>
+#include <QLoggingCategory>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTimer>
+
+#include <sys/resource.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int songMs = 180000;
+constexpr double slow = -20;
+constexpr int playSeconds = 20;
+constexpr qint64 pullSize = 44100 / 50 * 4;
+
+void check(bool done, const char *what)
+{
+    if (!done)
+        qFatal("%s", what);
+}
+
+// A demo song's parts again and again, until three minutes are full.
+Demo::Score makeScore(const QString &name)
+{
+    Demo::Score score = Demo::songs().constFirst();
+    score.path = name;
+    score.rate = 44100;
+    score.channels = 2;
+    score.firstBeatMs = 0; // a silent beginning would tell nothing of the start
+    const QList<Demo::Part> parts = score.parts;
+    while (score.beatMs(score.beats()) < songMs)
+        score.parts.append(parts.at(score.parts.size() % parts.size()));
+    return score;
+}
+
+struct Music
+{
+    QString one;
+    QString other;
+};
+
+Music makeMusic(const QString &directory)
+{
+    const Demo::Score score = makeScore(u"one.mp3"_s);
+    if (const QString failure = Demo::writeLibrary(directory, {score}); !failure.isEmpty())
+        qFatal("%s", qPrintable(failure));
+    const Music music{QDir(directory).filePath(score.path),
+                      QDir(directory).filePath(u"other.mp3"_s)};
+    check(QFile::copy(music.one, music.other), "No second song.");
+    return music;
+}
+
+SongPtr load(const QString &file)
+{
+    const SongPtr song(new Song(file, false));
+    check(song->getFrequency() == 44100 && song->getChannels() == 2, "The song was not read.");
+    return song;
+}
+
+void wait(int ms)
+{
+    QEventLoop loop;
+    QTimer::singleShot(ms, Qt::PreciseTimer, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
+void waitForEnd(const SongAudioData &audio)
+{
+    if (!audio.isGrowing())
+        return;
+    QEventLoop loop;
+    QObject::connect(&audio, &SongAudioData::decodingEnded, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
+void decodeWhole(Song &song)
+{
+    song.decodeAudio();
+    waitForEnd(*song.getAudioData());
+    check(song.audioBufferCount() > 0, "The song was not decoded.");
+}
+
+// As the audio output does it: a small pull at a time.
+qint64 pullWhole(const SongPtr &song, double tempo, double &pullMs)
+{
+    PlayerDevice device;
+    check(device.open(QIODevice::ReadOnly | QIODevice::Unbuffered), "The device won't open.");
+    device.setSong(song, tempo);
+    QByteArray bytes(pullSize, '\0');
+    qint64 all = 0;
+    pullMs = Bench::onceOnProcessor([&] {
+        qint64 got = 0;
+        while ((got = device.read(bytes.data(), pullSize)) > 0)
+            all += got;
+    });
+    return all / 4;
+}
+
+void measureStretch(const QString &file, int rounds)
+{
+    const SongPtr song = load(file);
+    decodeWhole(*song);
+    QList<double> pulled;
+    QList<double> bare;
+    for (int round = 0; round < rounds; ++round) {
+        const double tempo = 1.0 + slow / 100.0;
+        const qint64 bareFrames = BareAudio::stretch(*song, tempo, bare.emplaceBack());
+        const qint64 frames = pullWhole(song, tempo, pulled.emplaceBack());
+        check(frames == bareFrames && frames > 0, "The device delivers another sound.");
+    }
+    Bench::report("audio.stretch_ms", Bench::median(pulled));
+    Bench::report("audio.stretch.ratio", Bench::median(pulled) / Bench::median(bare));
+}
+
+qint64 decodeKeeping(const QString &file, const QAudioFormat &format)
+{
+    SongAudioDataQt audio;
+    audio.decode(file, format);
+    waitForEnd(audio);
+    qint64 frames = 0;
+    for (int i = 0; i < audio.count(); ++i)
+        frames += audio.at(i)->frameCount();
+    return frames;
+}
+
+void measureDecode(const QString &file, int rounds)
+{
+    QAudioFormat format;
+    format.setSampleFormat(QAudioFormat::Int16);
+    format.setSampleRate(44100);
+    format.setChannelCount(2);
+    QList<double> kept;
+    QList<double> bare;
+    qint64 frames = 0;
+    qint64 bareFrames = 0;
+    for (int round = 0; round < rounds; ++round) {
+        bare.append(Bench::once([&] { bareFrames = BareAudio::decode(file, format); }));
+        kept.append(Bench::once([&] { frames = decodeKeeping(file, format); }));
+        check(frames == bareFrames && frames > 0, "A decoding is not whole.");
+    }
+    Bench::report("audio.decode_ms", Bench::median(kept));
+    Bench::report("audio.decode.ratio", Bench::median(kept) / Bench::median(bare));
+}
+
+void measureSetSong(const Music &music, int rounds)
+{
+    Player player;
+    const QList<SongPtr> songs{load(music.one), load(music.other)};
+    QList<double> times;
+    for (int round = 0; round < rounds + 2; ++round) {
+        const SongPtr &song = songs.at(round % 2);
+        const double took = Bench::once([&] { player.setSong(song); });
+        if (round >= 2)
+            times.append(took);
+        waitForEnd(*song->getAudioData());
+    }
+    Bench::report("audio.set_song_ms", Bench::median(times));
+}
+
+// In a process of its own, whose first song it is.
+void tellSetSong(const QString &file)
+{
+    Player player;
+    const SongPtr song = load(file);
+    std::printf("%.3f\n", Bench::once([&] { player.setSong(song); }));
+}
+
+double askSetSong(const QString &file)
+{
+    QProcess process;
+    process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    process.start(QCoreApplication::applicationFilePath(), {file});
+    process.waitForFinished(-1);
+    bool isNumber = false;
+    const double ms = process.readAllStandardOutput().trimmed().toDouble(&isNumber);
+    check(process.exitCode() == 0 && isNumber, "A first song can't be measured.");
+    return ms;
+}
+
+void measureColdSetSong(const QString &file, int rounds)
+{
+    QList<double> times;
+    for (int round = 0; round < rounds; ++round)
+        times.append(askSetSong(file));
+    Bench::report("audio.set_song_cold_ms", Bench::median(times));
+}
+
+// Of a player's first start, which opens the output.
+void measureFirstSample(const QString &file, int rounds)
+{
+    const SongPtr song = load(file);
+    QList<double> times;
+    for (int round = 0; round < rounds; ++round) {
+        Player player;
+        player.setSong(song);
+        waitForEnd(*song->getAudioData());
+        wait(100); // the decoder is taken down behind its last buffer
+        times.append(FirstSound::after([&] { player.start(); }));
+        check(times.last() >= 0, "Nothing is heard.");
+    }
+    Bench::report("audio.first_sample_ms", Bench::median(times));
+}
+
+double processorSeconds()
+{
+    rusage usage{};
+    check(getrusage(RUSAGE_SELF, &usage) == 0, "No usage.");
+    const auto seconds
+        = [](const timeval &time) { return double(time.tv_sec) + double(time.tv_usec) / 1e6; };
+    return seconds(usage.ru_utime) + seconds(usage.ru_stime);
+}
+
+// Of one processor, when the song is decoded and the music runs.
+void measurePlay(const QString &file)
+{
+    Player player;
+    const SongPtr song = load(file);
+    player.setSong(song);
+    player.setTempo(slow);
+    waitForEnd(*song->getAudioData());
+    player.start();
+    wait(1000);
+    const int from = player.getPlaytime();
+    const double before = processorSeconds();
+    const double ms = Bench::once([] { wait(playSeconds * 1000); });
+    const double used = processorSeconds() - before;
+    check(player.getPlaytime() - from > playSeconds * 700, "The music did not play on.");
+    Bench::report("audio.play.cpu_percent", used * 1e5 / ms);
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    const QGuiApplication application(argc, argv);
+    QLoggingCategory::setFilterRules(u"*.debug=false"_s);
+    // The working directory holds the settings: the user's own stay untouched.
+    if (argc > 1) {
+        createSongStores();
+        tellSetSong(QString::fromLocal8Bit(argv[1]));
+    } else {
+        const int rounds = Bench::count(9);
+        const QTemporaryDir home;
+        QDir::setCurrent(home.path());
+        QFile preferences(u"Tarvelo.ini"_s);
+        check(preferences.open(QIODevice::WriteOnly), "No preferences.");
+        preferences.write("[General]\ncacheDir=\nmusicDir=" + QFile::encodeName(home.path())
+                          + "\n");
+        preferences.close();
+        QDir::temp().mkdir(u"Tarvelo"_s); // where the database lies
+        createSongStores();
+        const Music music = makeMusic(home.path());
+        measureStretch(music.one, rounds);
+        measureDecode(music.one, rounds);
+        measureSetSong(music, rounds);
+        measureColdSetSong(music.one, rounds);
+        measureFirstSample(music.one, rounds);
+        measurePlay(music.one);
+    }
+    destroySongStores();
+}
