@@ -25,6 +25,15 @@ bool runFfmpeg(const QStringList &input, const QString &path)
     return true;
 }
 
+// Length in bytes of the frame that begins here, for MPEG 1 layer 3 at 44100 Hz.
+int mp3FrameLength(const QByteArray &mp3, int at)
+{
+    static constexpr int kilobits[]
+        = {0, 32, 40, 48, 56, 64, 80, 96, 112, 128, 160, 192, 224, 256, 320, 0};
+    const auto bits = static_cast<quint8>(mp3.at(at + 2));
+    return 144000 * kilobits[bits >> 4] / 44100 + ((bits >> 1) & 1);
+}
+
 } // namespace
 
 bool writeTone(const QString &path, const Tone &tone)
@@ -61,6 +70,20 @@ bool writeWave(const QString &path, const QList<qint16> &samples, int rate, int 
 bool encode(const QString &from, const QString &to)
 {
     return runFfmpeg({QStringLiteral("-i"), QStringLiteral("file:") + from}, to);
+}
+
+bool writeMp3Frames(const QString &from, const QString &to, int count)
+{
+    QFile source(from);
+    QFile file(to);
+    if (!source.open(QIODevice::ReadOnly) || !file.open(QIODevice::WriteOnly))
+        return false;
+    const QByteArray mp3 = source.read(100000);
+    const int begin = mp3FrameLength(mp3, 0);
+    int end = begin;
+    while (count-- > 0)
+        end += mp3FrameLength(mp3, end);
+    return file.write(mp3.mid(begin, end - begin)) == end - begin;
 }
 
 } // namespace Samples

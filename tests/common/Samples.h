@@ -24,4 +24,8 @@ bool writeWave(const QString &path, const QList<qint16> &samples, int rate = 441
 // Encodes an existing music file into another; the suffix chooses the format, as above.
 bool encode(const QString &from, const QString &to);
 
+// Writes the first frames of a tagless mp3 (MPEG 1 layer 3, 44100 Hz), without the information
+// frame in front of them, as another one. False when it can't.
+bool writeMp3Frames(const QString &from, const QString &to, int count);
+
 } // namespace Samples

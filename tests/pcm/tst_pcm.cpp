@@ -38,29 +38,6 @@ bool waitForEnd(const SongAudioData &audio)
     return !audio.isGrowing() || ended.wait(20000);
 }
 
-// Length in bytes of the frame that begins here, for MPEG 1 layer 3 at 44100 Hz.
-int mp3FrameLength(const QByteArray &mp3, int at)
-{
-    static constexpr int kilobits[]
-        = {0, 32, 40, 48, 56, 64, 80, 96, 112, 128, 160, 192, 224, 256, 320, 0};
-    const auto bits = static_cast<quint8>(mp3.at(at + 2));
-    return 144000 * kilobits[bits >> 4] / 44100 + ((bits >> 1) & 1);
-}
-
-// The first frames of a tagless mp3, without the information frame in front.
-QByteArray firstMp3Frames(const QString &path, int count)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return {};
-    const QByteArray mp3 = file.read(100000);
-    const int begin = mp3FrameLength(mp3, 0);
-    int end = begin;
-    while (count-- > 0)
-        end += mp3FrameLength(mp3, end);
-    return mp3.mid(begin, end - begin);
-}
-
 const QString notDecoded = u"debug: Cannot decode mp3 File. Probably this is Windows N"_qs;
 
 } // namespace
@@ -121,10 +98,9 @@ QString TestPcm::fileWithBuffers(int wanted)
     LogCapture log;
     for (int mp3Frames = wanted; mp3Frames < wanted + 4; ++mp3Frames) {
         const QString path = directory.filePath(u"frames%1.mp3"_qs.arg(mp3Frames));
-        QFile file(path);
         SongAudioDataQt audio;
-        if (file.open(QIODevice::WriteOnly) && file.write(firstMp3Frames(song, mp3Frames)) > 0
-            && file.flush() && decodeFully(audio, path) && audio.count() == wanted)
+        if (Samples::writeMp3Frames(song, path, mp3Frames) && decodeFully(audio, path)
+            && audio.count() == wanted)
             return path;
     }
     return {};
