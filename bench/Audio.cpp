@@ -14,6 +14,7 @@
 #include <QDir>
 #include <QEventLoop>
 #include <QFile>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QLoggingCategory>
 #include <QProcess>
@@ -128,6 +129,22 @@ void measureStretch(const QString &file, int rounds)
     }
     Bench::report("audio.stretch_ms", Bench::median(pulled));
     Bench::report("audio.stretch.ratio", Bench::median(pulled) / Bench::median(bare));
+}
+
+// Seconds of the song that are written in one second.
+void measureConvert(const QString &file, int rounds)
+{
+    const SongPtr song = load(file);
+    decodeWhole(*song);
+    const QString target = file + u".wav"_s;
+    QList<double> times;
+    for (int round = 0; round < rounds; ++round) {
+        times.append(Bench::once(
+            [&] { song->convert(target, static_cast<int>(slow), Song::EFileFormat::Wav); }));
+        check(QFileInfo(target).size() > songMs / 1000 * 44100 * 4, "The export is not whole.");
+    }
+    QFile::remove(target);
+    Bench::report("audio.convert.realtime_factor", songMs / Bench::median(times));
 }
 
 qint64 decodeKeeping(const QString &file, const QAudioFormat &format)
@@ -273,6 +290,7 @@ int main(int argc, char *argv[])
         measureSetSong(music, rounds);
         measureColdSetSong(music.one, rounds);
         measureFirstSample(music.one, rounds);
+        measureConvert(music.one, rounds);
         measurePlay(music.one);
     }
     destroySongStores();
