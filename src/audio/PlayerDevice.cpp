@@ -56,6 +56,7 @@ void PlayerDevice::seekToPlaytime(qint64 milliseconds)
     const qint64 target = milliseconds * 1000;
     stretcher->clear();
     pendingSeek.reset();
+    skipped = 0;
     const SongAudioData *audio = decoded();
     if (!seekTo(target, 0) && audio && audio->isGrowing())
         pendingSeek = target;
@@ -66,10 +67,24 @@ bool PlayerDevice::seekTo(qint64 target, int from)
     for (int i = from; i < decodedCount(); ++i) {
         if (song->audioBuffer(i)->startTime() > target) {
             bufferIndex = i;
+            skipped = song->audioBuffer(i)->startTime() - target;
             return true;
         }
     }
     return false;
+}
+
+// The stretcher plays pieces at the recorded speed, each from its right place on, so that the
+// further into a piece the further it is off: ahead when slow, behind when fast. When slow each
+// sound comes twice, the first time late in a piece.
+qint64 PlayerDevice::leadUSecs() const
+{
+    const int rate = song ? song->getFrequency() : 0;
+    if (rate <= 0)
+        return 0;
+    const double piece = stretcher->getSetting(SETTING_NOMINAL_OUTPUT_SEQUENCE) * 1e6 / rate;
+    const double atItsEnd = (1.0 / tempo - 1.0) * piece;
+    return static_cast<qint64>(atItsEnd * (tempo < 1.0 ? 1.0 - tempo / 2 : 0.5));
 }
 
 bool PlayerDevice::hasEnded() const

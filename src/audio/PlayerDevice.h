@@ -36,6 +36,12 @@ public:
     // changes nothing: right after setSong() that is the song's beginning.
     void seekToPlaytime(qint64 milliseconds);
 
+    // Song time that the last seek left out, in microseconds.
+    qint64 skippedUSecs() const { return skipped; }
+    // How much earlier than its place in the song a sound first comes out of the stretcher, on
+    // average; in microseconds of the output.
+    qint64 leadUSecs() const;
+
     // Nothing is left to play, and nothing more will come.
     bool hasEnded() const;
 
@@ -68,6 +74,7 @@ private:
     qint64 totalBytes = 0;
     qint64 readBytes = 0;
     qint64 bufferIndex = 0;
+    qint64 skipped = 0;
     bool starving = false;
     // Microseconds of the song, while the decoder has yet to get there.
     std::optional<qint64> pendingSeek;

@@ -277,7 +277,17 @@ bool PlayerEngine2::feedOutput()
     if (!device.isOpen() && !device.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
         qCritical() << "Cannot open Audio Output Device";
     device.seekToPlaytime(startPosition);
+    aheadUSecs = aheadOfTheEar();
     return output.start(&device);
+}
+
+// By how much the parts have to be told early to come with their beat: half a tick, the stretcher's
+// own way of placing sounds, and what the seek has left out. Microseconds of the output.
+qint64 PlayerEngine2::aheadOfTheEar() const
+{
+    constexpr qint64 halfATick = tickMs * 1000 / 2;
+    return halfATick + device.leadUSecs()
+           + static_cast<qint64>(double(device.skippedUSecs()) / tempo);
 }
 
 // A song without a file, or one whose sound nobody could read, leaves the device empty.

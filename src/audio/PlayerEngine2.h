@@ -81,6 +81,7 @@ private:
     bool isPlayable() const;
     void startAudioOutput();
     bool feedOutput();
+    qint64 aheadOfTheEar() const;
     void giveUpStart();
     void outputStateChanged(QAudio::State state);
     void leaveLostOutput();
@@ -115,6 +116,8 @@ private:
     QElapsedTimer lastTry;
     qint64 lastProcessedUSecs = 0;
     qint64 playedUSecs = 0;
+    // By how much this start is counted ahead of what is heard.
+    qint64 aheadUSecs = 0;
     PlayRegistration registration;
     // The loop is on while loopEndPart is above 0; times in milliseconds.
     qint64 loopStartPart = 0;

@@ -59,7 +59,8 @@ void PlayerEngine2::countPlayed()
 {
     if (output.state() != QAudio::ActiveState)
         return;
-    const qint64 processed = output.processedUSecs();
+    const qint64 heard = output.processedUSecs();
+    const qint64 processed = heard > 0 ? heard + aheadUSecs : 0;
     const auto delta = static_cast<qint64>(double(processed - lastProcessedUSecs) * tempo);
     lastProcessedUSecs = processed;
     playedUSecs += delta;
