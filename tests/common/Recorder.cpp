@@ -1,5 +1,7 @@
 #include "Recorder.h"
 
+#include "Waves.h"
+
 #include <QSignalSpy>
 #include <QTest>
 
@@ -106,19 +108,7 @@ double Recorder::longestSilence(qsizetype from, qsizetype to) const
 
 double Recorder::frequency(qsizetype from, qsizetype to) const
 {
-    double first = -1;
-    double last = -1;
-    int periods = -1;
-    for (qsizetype i = from + 1; i < to; ++i) {
-        const double before = frames.at(i - 1);
-        const double after = frames.at(i);
-        if (before >= 0 || after < 0)
-            continue;
-        last = static_cast<double>(i) - after / (after - before);
-        if (++periods == 0)
-            first = last;
-    }
-    return periods > 0 ? periods * rate / (last - first) : 0;
+    return Waves::frequency(frames, from, to);
 }
 
 QList<qsizetype> Recorder::onsets(double silenceMs, qsizetype from) const

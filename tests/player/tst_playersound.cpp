@@ -4,6 +4,7 @@
 #include "Settings.h"
 #include "SongStore.h"
 #include "TestMain.h"
+#include "Waves.h"
 
 #include <QCoreApplication>
 #include <QSignalSpy>
@@ -12,36 +13,17 @@
 #include <algorithm>
 #include <cmath>
 #include <memory>
-#include <numbers>
 
 using namespace Qt::StringLiterals;
+using Waves::centsFrom;
+using Waves::render;
+using Waves::sine;
 
 namespace {
 
-constexpr int rate = 44100;
+constexpr int rate = Waves::rate;
 // What is heard needs this long at most to reach the recorder.
 constexpr double recorderMs = 40;
-
-double centsFrom(double hertz, double measured)
-{
-    return 1200.0 * std::log2(measured / hertz);
-}
-
-// Stereo samples from a function of the time in seconds to -1.0 to 1.0.
-template <typename Wave> QList<qint16> render(double seconds, Wave wave)
-{
-    QList<qint16> samples;
-    const int frames = static_cast<int>(seconds * rate);
-    samples.reserve(frames * 2);
-    for (int i = 0; i < frames; ++i)
-        samples.insert(samples.size(), 2, static_cast<qint16>(wave(double(i) / rate) * 16000.0));
-    return samples;
-}
-
-double sine(double hertz, double t)
-{
-    return std::sin(2.0 * std::numbers::pi * hertz * t);
-}
 
 } // namespace
 
