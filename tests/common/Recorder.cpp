@@ -56,7 +56,9 @@ double Recorder::now()
     return duration<double, std::milli>(steady_clock::now().time_since_epoch()).count();
 }
 
-// Chunks come late, never early: the earliest of all tells when the record began.
+// Chunks come late, never early: the earliest within some seconds tells when these were heard. Not
+// the earliest of all: where the machine was busy, frames are lost, and the record is shorter than
+// the time.
 void Recorder::take()
 {
     raw += process.readAllStandardOutput();
@@ -65,17 +67,32 @@ void Recorder::take()
     frames.append(QList<qint16>(values, values + count));
     raw.remove(0, count * 2);
     const double began = now() - msOfFrames(frames.size());
-    earliest = earliest > 0 ? std::min(earliest, began) : began;
+    const qsizetype second = frames.size() / rate;
+    while (begins.size() <= second)
+        begins.append(began);
+    begins.last() = std::min(begins.last(), began);
+}
+
+double Recorder::begin(qsizetype frame) const
+{
+    if (begins.isEmpty())
+        return 0;
+    const qsizetype last = begins.size() - 1;
+    const qsizetype second = std::clamp(frame / rate, qsizetype(0), last);
+    return *std::min_element(begins.cbegin() + std::max(second - 1, qsizetype(0)),
+                             begins.cbegin() + std::min(second + 1, last) + 1);
 }
 
 double Recorder::timeOf(qsizetype frame) const
 {
-    return earliest + msOfFrames(frame);
+    return begin(frame) + msOfFrames(frame);
 }
 
 qsizetype Recorder::frameAt(double time) const
 {
-    const auto frame = static_cast<qsizetype>((time - earliest) * rate / 1000.0);
+    qsizetype frame = frames.size();
+    for (int closer = 0; closer < 3; ++closer)
+        frame = static_cast<qsizetype>((time - begin(frame)) * rate / 1000.0);
     return std::clamp(frame, qsizetype(0), frames.size());
 }
 

@@ -45,9 +45,11 @@ public:
 
 private:
     void take();
+    double begin(qsizetype frame) const;
 
     QProcess process;
     QByteArray raw;
     QList<qint16> frames;
-    double earliest = 0;
+    // For each second of the record, when the whole record would have begun.
+    QList<double> begins;
 };
