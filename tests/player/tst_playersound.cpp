@@ -38,6 +38,7 @@ private Q_SLOTS:
     void cleanup();
 
     void musicStartsSoon();
+    void busyWindowLeavesNoGap_data();
     void busyWindowLeavesNoGap();
     void tempoKeepsThePitch();
     void startsAtTheRightPlace_data();
@@ -127,9 +128,27 @@ void TestPlayerSound::musicStartsSoon()
     }
 }
 
+void TestPlayerSound::busyWindowLeavesNoGap_data()
+{
+    QTest::addColumn<int>("starts");
+
+    QTest::newRow("first start") << 1;
+    QTest::newRow("seventh start") << 7;
+}
+
+// No start may have less sound on its way than the one before.
 void TestPlayerSound::busyWindowLeavesNoGap()
 {
+    QFETCH(int, starts);
     player->setSong(tone(6));
+    for (int start = 1; start < starts; ++start) {
+        player->start();
+        QVERIFY(playBeyond(100));
+        player->stop();
+    }
+    QTest::qWait(200);
+    recorder->catchUp();
+    const qsizetype from = recorder->samples().size();
     player->start();
     QVERIFY(playBeyond(500));
     for (int i = 0; i < 8; ++i) {
@@ -139,8 +158,8 @@ void TestPlayerSound::busyWindowLeavesNoGap()
     QVERIFY(player->isPlaying());
     recorder->catchUp();
     player->stop();
-    const double gap = recorder->longestSilence(recorder->firstSound(), recorder->lastSound());
-    fprintf(stdout, "FIGURE longest silence %.1f ms\n", gap);
+    const double gap = recorder->longestSilence(recorder->firstSound(from), recorder->lastSound());
+    fprintf(stdout, "FIGURE %s: longest silence %.1f ms\n", QTest::currentDataTag(), gap);
     QVERIFY2(gap < 20, qPrintable(QString::number(gap)));
 }
 
