@@ -92,7 +92,7 @@ QPointF Picture::at(double seconds, double ms) const
 void Picture::text(QPointF middle, const QString &what)
 {
     painter.setPen(Qt::black);
-    painter.drawText(QRectF(middle - QPointF(300, 20), QSizeF(600, 40)), Qt::AlignCenter, what);
+    painter.drawText(QRectF(middle - QPointF(500, 20), QSizeF(1000, 40)), Qt::AlignCenter, what);
 }
 
 void Picture::drawGrid()
@@ -146,9 +146,9 @@ void Picture::drawTempo(const Ink &ink)
     }
     QPolygonF line;
     for (auto span = spans.cbegin(); span != spans.cend(); ++span)
-        line.append(
-            at((span.key() + 0.5) * meanSeconds, std::accumulate(span->cbegin(), span->cend(), 0.0)
-                                                     / static_cast<double>(span->size())));
+        line.append(at(std::min((span.key() + 0.5) * meanSeconds, lastSecond),
+                       std::accumulate(span->cbegin(), span->cend(), 0.0)
+                           / static_cast<double>(span->size())));
     painter.setBrush(Qt::NoBrush);
     painter.setPen(QPen(ink.colour, 3));
     painter.drawPolyline(line);
@@ -160,7 +160,8 @@ void Picture::drawLegend()
     for (const Ink &ink : inks()) {
         painter.setPen(QPen(ink.colour, 4));
         painter.drawLine(QPointF(field.right() + 25, y), QPointF(field.right() + 65, y));
-        text({field.right() + 115, y}, QString::asprintf("%+d %%", ink.percent));
+        text({field.right() + 115, y},
+             QString::asprintf(ink.percent ? "%+d %%" : "%d %%", ink.percent));
         y += 40;
     }
 }
