@@ -37,6 +37,8 @@ public:
     bool hasPlayedOut() const;
     // The output played and is gone, or has given up.
     bool isLost() const;
+    // Whether the output is among those that there are, as far as Qt knows.
+    bool isPresent() const;
     // Gives a lost output up: the next start opens one anew, also where it has the same name.
     void giveUp();
     // Factor; above 1.0 is no louder. Without an output it has no effect, also not later.
@@ -47,7 +49,6 @@ Q_SIGNALS:
 
 private:
     bool fits(const QAudioFormat &format) const;
-    bool isPresent() const;
     void create(const QAudioDevice &wanted, const QAudioFormat &format);
     void onStateChanged(QAudio::State state);
 

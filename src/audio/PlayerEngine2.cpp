@@ -14,6 +14,7 @@ constexpr int tickMs = 50;
 // How long a song waits for an output: a sound server takes some seconds to start again.
 constexpr int patienceMs = 10000;
 constexpr int betweenTriesMs = 500;
+constexpr int reconnectMs = 3500;
 
 // A text in a file may say "nan".
 double factorOf(double percent, double limit)
@@ -324,9 +325,9 @@ void PlayerEngine2::leaveLostOutput()
         return;
     if (!lostSince.isValid())
         beginToWait();
-    if (lastTry.isValid() && !lastTry.hasExpired(betweenTriesMs))
+    if (!nextTry.hasExpired())
         return;
-    lastTry.start();
+    nextTry.setRemainingTime(betweenTriesMs);
     if (output.prepare(song->getFormat()) && feedOutput()) {
         lostSince.invalidate();
     } else if (lostSince.hasExpired(patienceMs)) {
@@ -338,11 +339,13 @@ void PlayerEngine2::leaveLostOutput()
 void PlayerEngine2::beginToWait()
 {
     qWarning() << "The audio output is gone.";
+    // An output that fails though it is listed was on a server that has gone: Qt doesn't notice,
+    // nor may it be asked to play there, before it connects anew.
+    nextTry.setRemainingTime(output.isPresent() ? reconnectMs : 0);
     startPosition += static_cast<int>(playedUSecs / 1000);
     lastProcessedUSecs = playedUSecs = 0;
     output.giveUp();
     lostSince.start();
-    lastTry.invalidate();
 }
 
 // An output that had nothing to play for a moment goes on by itself: that is no end.

@@ -7,6 +7,7 @@
 #include "Song.h"
 
 #include <QAudio>
+#include <QDeadlineTimer>
 #include <QElapsedTimer>
 #include <QThread>
 #include <QTimer>
@@ -113,7 +114,7 @@ private:
     double tempo = 1.0;
     // Runs while a song that plays waits for an output to come back.
     QElapsedTimer lostSince;
-    QElapsedTimer lastTry;
+    QDeadlineTimer nextTry;
     qint64 lastProcessedUSecs = 0;
     qint64 playedUSecs = 0;
     // By how much this start is counted ahead of what is heard.

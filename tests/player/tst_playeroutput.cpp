@@ -173,7 +173,7 @@ void TestPlayerOutput::aMoveIsOnePlay()
     QVERIFY(QTest::qWaitFor([&] { return !hasOutput("other"); }));
     QVERIFY(playBeyond(before + 1800));
     Settings::remove(Settings::Key::RegisterPlay);
-    QCOMPARE(log->takeStates(), QStringList{u"part 2"_s});
+    QCOMPARE(log->takeStates(), QStringList());
     QVERIFY(std::is_sorted(log->times.cbegin(), log->times.cend()));
     for (qsizetype i = 1; i < log->times.size(); ++i)
         QVERIFY(log->times.at(i) - log->times.at(i - 1) < 350);
