@@ -10,7 +10,7 @@
 // file changes at commit(), whole or not at all.
 //
 // The library stops at the first frame without content, reads UTF-16 text without a byte order mark
-// as nothing, and drops frames with the flag for it, and a save would then write what is left. In an
+// as nothing, and drops frames with the flag for it; a save would then write what is left. In an
 // ID3v2 tag such frames are left out, marked or unmarked here before the library sees them.
 class TagStream : public TagLib::IOStream
 {
