@@ -28,9 +28,7 @@ namespace {
 
 // What is heard reaches the recorder this much late, at most.
 constexpr double recorderMs = 40;
-// The session's sound server has no rights of its own: on a busy machine it gets a turn too late
-// now and then, and the recording a gap.
-constexpr double mostGapMs = 150;
+constexpr double mostGapMs = 5;
 
 struct Row
 {
@@ -197,7 +195,7 @@ void TestPlay::markedRowFollowsTheMusic()
     QVERIFY(first >= 0);
     const qsizetype last = recorder->lastSound();
     QVERIFY(recorder->timeOf(last) - recorder->timeOf(first) > 29000);
-    QVERIFY2(recorder->longestSilence(first, last) < mostGapMs,
+    QVERIFY2(recorder->longestSilence(first, last) < 150,
              qPrintable(QString::number(recorder->longestSilence(first, last))));
 }
 
@@ -375,13 +373,20 @@ void TestPlay::everyFileNamePlays()
     QVERIFY(QFile::copy(sample, music.path() + u'/' + name));
     start(music.path());
     QVERIFY(choose(name));
-    const double pressed = Recorder::now();
-    QVERIFY(press(u"p"_qs));
-    QTRY_VERIFY(player()->getPlaytime() > 800);
-    recorder->catchUp();
-    const qsizetype first = recorder->firstSound(recorder->frameAt(pressed));
-    QVERIFY(first >= 0);
-    const double gap = recorder->longestSilence(first, recorder->lastSound());
+    // The session's sound server has no rights of its own: on a busy machine it gets a turn too
+    // late now and then, and the recording a gap.
+    constexpr int attempts = 3;
+    double gap = mostGapMs;
+    for (int attempt = 0; attempt < attempts && gap >= mostGapMs; ++attempt) {
+        QVERIFY(press(u"s"_qs));
+        const double pressed = Recorder::now();
+        QVERIFY(press(u"p"_qs));
+        QTRY_VERIFY(player()->getPlaytime() > 800);
+        recorder->catchUp();
+        const qsizetype first = recorder->firstSound(recorder->frameAt(pressed));
+        QVERIFY(first >= 0);
+        gap = recorder->longestSilence(first, recorder->lastSound());
+    }
     QVERIFY2(gap < mostGapMs, qPrintable(QString::number(gap)));
 }
 
