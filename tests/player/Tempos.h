@@ -23,10 +23,10 @@ inline double factor(int percent)
 }
 
 // One row of a test's data for each: "percent".
-inline void addRows()
+inline void addRows(const QList<int> &percents = all())
 {
     QTest::addColumn<int>("percent");
-    for (const int percent : all())
+    for (const int percent : percents)
         QTest::addRow("%+d%%", percent) << percent;
 }
 

@@ -105,7 +105,7 @@ private:
 //
 // TARVELO_COMMANDS  how many commands, 100 by default
 // TARVELO_SEED      the walk to repeat; without it, the long form takes another one each time
-// TARVELO_SECONDS   how long the music plays, 10 by default
+// TARVELO_SECONDS   how long the music plays, 15 by default
 class TestPlayerEndurance : public QObject
 {
     Q_OBJECT
@@ -128,6 +128,7 @@ private:
     void moveOutput();
     QString fault();
     bool movesOn();
+    void playFor(Player &endless, int seconds, int length);
     int partNow() const;
     int random(int below) { return static_cast<int>(dice.bounded(below)); }
 
@@ -135,6 +136,8 @@ private:
     QStringList files;
     QRandomGenerator dice;
     std::unique_ptr<Player> player;
+    std::unique_ptr<Listener> listener;
+    int memoryAtFirst = 0;
     SongPtr song;
     bool toldPlaying = false;
     int toldPart = -1;
@@ -341,18 +344,9 @@ void TestPlayerEndurance::anyOrderOfCommands()
 }
 
 // The same song again and again; what is heard around its beginning and end doesn't count.
-void TestPlayerEndurance::playsOnWithoutADropout()
+void TestPlayerEndurance::playFor(Player &endless, int seconds, int length)
 {
-    if (!qEnvironmentVariableIsSet("TARVELO_SECONDS"))
-        QSKIP("Needs a quiet machine: scripts/prove-endurance runs it.");
-    const int seconds = fromEnvironment("TARVELO_SECONDS", 10);
-    const int length = std::clamp(seconds, 10, 300);
-    const QString file = directory.filePath(u"endless.mp3"_s);
-    QVERIFY(Samples::writeTone(file, {.seconds = double(length)}));
-    Player endless;
-    endless.setSong(load(file));
-    Listener listener;
-    int memoryAtFirst = 0;
+    memoryAtFirst = 0;
     QElapsedTimer clock;
     clock.start();
     do {
@@ -361,18 +355,38 @@ void TestPlayerEndurance::playsOnWithoutADropout()
         if (memoryAtFirst == 0)
             memoryAtFirst = memory();
         QVERIFY(endless.isPlaying());
-        listener.attentive = true;
+        listener->attentive = true;
         passTime((length - 3) * 1000);
-        listener.attentive = false;
+        listener->attentive = false;
         QVERIFY(endless.isPlaying());
         QTRY_VERIFY(!endless.isPlaying());
     } while (clock.elapsed() < seconds * 1000);
-    const int grown = memory() - memoryAtFirst;
-    fprintf(stdout, "FIGURE %lld s heard, %d dropouts, memory %d kB, then %+d kB\n",
-            listener.framesHeard / 44100, listener.dropouts, memoryAtFirst, grown);
-    QVERIFY(listener.framesHeard / 44100 >= length - 4);
-    QCOMPARE(listener.dropouts, 0);
-    QVERIFY2(grown < memoryAtFirst / 10, qPrintable(QString::number(grown)));
+}
+
+// The session's sound server has no rights of its own: on a busy machine it gets a turn too late
+// now and then. The long form wants a quiet machine and forgives nothing.
+void TestPlayerEndurance::playsOnWithoutADropout()
+{
+    const int attempts = qEnvironmentVariableIsSet("TARVELO_SECONDS") ? 1 : 3;
+    const int seconds = fromEnvironment("TARVELO_SECONDS", 15);
+    const int length = std::clamp(seconds, 10, 300);
+    const QString file = directory.filePath(u"endless.mp3"_s);
+    QVERIFY(Samples::writeTone(file, {.seconds = double(length)}));
+    Player endless;
+    endless.setSong(load(file));
+    int dropouts = 1;
+    for (int attempt = 0; attempt < attempts && dropouts > 0; ++attempt) {
+        listener = std::make_unique<Listener>();
+        playFor(endless, seconds, length);
+        const int grown = memory() - memoryAtFirst;
+        dropouts = listener->dropouts;
+        fprintf(stdout, "FIGURE %lld s heard, %d dropouts, memory %d kB, then %+d kB\n",
+                listener->framesHeard / 44100, dropouts, memoryAtFirst, grown);
+        QVERIFY(listener->framesHeard / 44100 >= length - 4);
+        QVERIFY2(grown < memoryAtFirst / 10, qPrintable(QString::number(grown)));
+    }
+    listener.reset();
+    QCOMPARE(dropouts, 0);
 }
 
 TARVELO_TEST_MAIN(TestPlayerEndurance, QCoreApplication)

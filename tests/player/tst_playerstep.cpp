@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 #include <memory>
 
 using namespace Qt::StringLiterals;
@@ -34,6 +35,20 @@ QString recordDirectory()
 bool isLong()
 {
     return !recordDirectory().isEmpty();
+}
+
+// The session's sound server has no rights of its own: on a busy machine it gets a turn too late
+// now and then. The short form, which runs beside anything, then measures anew; the long one wants
+// a quiet machine and forgives nothing.
+int attempts()
+{
+    return isLong() ? 1 : 3;
+}
+
+// The long form takes them all.
+QList<int> someTempos()
+{
+    return isLong() ? Tempos::all() : QList<int>{40, -40};
 }
 
 struct Line
@@ -91,8 +106,17 @@ private:
         double at;
     };
 
+    using Measurement = std::function<StepOffsets()>;
+
     SongPtr waveOf(const QString &name, const QList<qint16> &samples);
+    QList<qint16> heardTempoChanges(const SongPtr &song);
     double measuredReadAhead(int before, int after);
+    StepOffsets wholeSong(int percent);
+    StepOffsets seeks(int percent);
+    StepOffsets pauses(int percent);
+    StepOffsets tempoChange(int before, int after, double shift);
+    StepOffsets nextStart(int percent);
+    void listenAnew();
     void begin(int percent);
     void seek(double toMs, bool toPart);
     void resume();
@@ -100,7 +124,8 @@ private:
     bool playBeyond(int ms);
     double endMs() const { return step.beatMs(step.beats() - 1); }
     StepOffsets measured(int percent, const QString &how, double shift = 0);
-    void check(const StepOffsets &offsets, double bound = boundMs);
+    void check(const Measurement &measure, double bound = boundMs);
+    bool isInStep(const StepOffsets &offsets, double bound) const;
 
     QTemporaryDir directory;
     StepSong step;
@@ -137,10 +162,16 @@ void TestPlayerStep::cleanupTestCase()
 
 void TestPlayerStep::init()
 {
-    told.clear();
-    wholeFromMs = 0;
     player = std::make_unique<Player>();
     connect(player.get(), &Player::notifyActivePartChanged, this, &TestPlayerStep::onPart);
+    listenAnew();
+}
+
+void TestPlayerStep::listenAnew()
+{
+    player->stop();
+    told.clear();
+    wholeFromMs = 0;
     recorder = std::make_unique<Recorder>();
     QVERIFY(recorder->start());
 }
@@ -162,30 +193,43 @@ SongPtr TestPlayerStep::waveOf(const QString &name, const QList<qint16> &samples
     return song;
 }
 
-// The output's own buffer and everything behind it as well.
-void TestPlayerStep::heardTempoChangesLeaveNoClick()
+QList<qint16> TestPlayerStep::heardTempoChanges(const SongPtr &song)
 {
-    if (!isLong())
-        QSKIP("Needs a quiet machine: scripts/prove-step runs it.");
-    const auto tone = [](double t) { return Waves::sine(440, t); };
-    const SongPtr song = waveOf(u"tone"_qs, Waves::render(12, tone, 16384));
-    QVERIFY(song);
+    listenAnew();
     player->setSong(song);
+    player->setTempo(0);
     player->start();
-    QVERIFY(playBeyond(1000));
+    if (!playBeyond(1000))
+        return {};
     recorder->catchUp();
     const qsizetype from = recorder->samples().size();
     for (const int percent : Tempos::all()) {
         player->setTempo(percent);
-        QVERIFY(playBeyond(player->getPlaytime() + 700));
+        if (!playBeyond(player->getPlaytime() + 700))
+            return {};
     }
     recorder->catchUp();
-    const QList<qint16> heard = recorder->samples().mid(from);
-    // What the server made of two channels has another loudness.
-    const int allowed = qCeil(2 * M_PI * 440 / rate * Waves::peak(heard));
-    const int jump = Waves::largestJump(heard, 0, heard.size());
-    fprintf(stdout, "FIGURE heard while the tempo changes: largest jump %d of %d\n", jump, allowed);
-    QVERIFY2(jump <= allowed * 1.02, qPrintable(QString::number(jump)));
+    return recorder->samples().mid(from);
+}
+
+// The output's own buffer and everything behind it as well.
+void TestPlayerStep::heardTempoChangesLeaveNoClick()
+{
+    const auto tone = [](double t) { return Waves::sine(440, t); };
+    const SongPtr song = waveOf(u"tone"_qs, Waves::render(12, tone, 16384));
+    QVERIFY(song);
+    double excess = 0;
+    for (int attempt = 0; attempt < attempts() && (attempt == 0 || excess > 1.02); ++attempt) {
+        const QList<qint16> heard = heardTempoChanges(song);
+        QVERIFY(!heard.isEmpty());
+        // What the server made of two channels has another loudness.
+        const int allowed = qCeil(2 * M_PI * 440 / rate * Waves::peak(heard));
+        const int jump = Waves::largestJump(heard, 0, heard.size());
+        fprintf(stdout, "FIGURE heard while the tempo changes: largest jump %d of %d\n", jump,
+                allowed);
+        excess = double(jump) / allowed;
+    }
+    QVERIFY2(excess <= 1.02, qPrintable(QString::number(excess)));
 }
 
 void TestPlayerStep::begin(int percent)
@@ -226,11 +270,19 @@ StepOffsets TestPlayerStep::measured(int percent, const QString &how, double shi
     return offsets;
 }
 
-// At +40 % the stretcher leaves out two sevenths of the song, and strokes with them.
-void TestPlayerStep::check(const StepOffsets &offsets, double bound)
+void TestPlayerStep::check(const Measurement &measure, double bound)
 {
-    QVERIFY2(!offsets.isEmpty() && offsets.size() * 3 > told.size(),
-             "too few beats were found in the record");
+    bool inStep = false;
+    for (int attempt = 0; attempt < attempts() && !inStep; ++attempt) {
+        listenAnew();
+        inStep = isInStep(measure(), bound);
+    }
+    QVERIFY(inStep);
+}
+
+// At +40 % the stretcher leaves out two sevenths of the song, and strokes with them.
+bool TestPlayerStep::isInStep(const StepOffsets &offsets, double bound) const
+{
     QList<double> all;
     for (const StepOffset &offset : offsets)
         all.append(offset.ms);
@@ -238,12 +290,10 @@ void TestPlayerStep::check(const StepOffsets &offsets, double bound)
         = std::count_if(all.cbegin(), all.cend(), [bound](double ms) { return qAbs(ms) > bound; });
     fprintf(stdout,
             "FIGURE %s, %s: told %s ms after the beat, %d of %d beats found, %d beyond %.0f ms\n",
-            qPrintable(offsets.first().how), QTest::currentDataTag(),
+            offsets.isEmpty() ? "?" : qPrintable(offsets.first().how), QTest::currentDataTag(),
             qPrintable(Tempos::summary(all)), int(offsets.size()), int(told.size()), int(beyond),
             bound);
-    // The sound server of a busy machine slips now and then; the long form forgives nothing.
-    const qsizetype forgiven = isLong() ? 0 : (offsets.size() + 3) / 4;
-    QVERIFY2(beyond <= forgiven, qPrintable(QString::number(beyond)));
+    return !offsets.isEmpty() && offsets.size() * 3 > told.size() && beyond == 0;
 }
 
 void TestPlayerStep::partsFollowTheMusic_data()
@@ -254,31 +304,42 @@ void TestPlayerStep::partsFollowTheMusic_data()
 void TestPlayerStep::partsFollowTheMusic()
 {
     QFETCH(int, percent);
+    check([this, percent] { return wholeSong(percent); });
+}
+
+// The short form's song is longer than the others need it.
+StepOffsets TestPlayerStep::wholeSong(int percent)
+{
+    const int beats = isLong() ? step.beats() : step.beats() - 4;
     begin(percent);
     player->start();
-    QVERIFY(playBeyond(static_cast<int>(endMs()) + 200));
-    const StepOffsets offsets = measured(percent, u"whole"_qs);
-    QCOMPARE(told.size(), step.beats());
-    check(offsets);
+    const bool done = playBeyond(static_cast<int>(step.beatMs(beats - 1)) + 200);
+    return done && told.size() == beats ? measured(percent, u"whole"_qs) : StepOffsets();
 }
 
 void TestPlayerStep::partsFollowAfterSeeks_data()
 {
-    Tempos::addRows();
+    Tempos::addRows(someTempos());
 }
 
 void TestPlayerStep::partsFollowAfterSeeks()
 {
     QFETCH(int, percent);
-    const int seeks = isLong() ? 12 : 2;
+    check([this, percent] { return seeks(percent); });
+}
+
+StepOffsets TestPlayerStep::seeks(int percent)
+{
+    const int count = isLong() ? 12 : 2;
     begin(percent);
-    for (int i = 0; i < seeks; ++i) {
+    for (int i = 0; i < count; ++i) {
         // Spread over the song, and never twice at the same place between two beats.
         const double place = i * 0.618 - std::floor(i * 0.618);
         seek(place * (endMs() - 1500), i % 2 == 0);
-        QVERIFY(playBeyond(wholeFromMs + 1500));
+        if (!playBeyond(wholeFromMs + 1500))
+            return {};
     }
-    check(measured(percent, u"seeks"_qs));
+    return measured(percent, u"seeks"_qs);
 }
 
 void TestPlayerStep::seek(double toMs, bool toPart)
@@ -296,22 +357,28 @@ void TestPlayerStep::seek(double toMs, bool toPart)
 
 void TestPlayerStep::partsFollowAfterPauses_data()
 {
-    Tempos::addRows();
+    Tempos::addRows(someTempos());
 }
 
 void TestPlayerStep::partsFollowAfterPauses()
 {
     QFETCH(int, percent);
-    const int pauses = isLong() ? 12 : 2;
+    check([this, percent] { return pauses(percent); });
+}
+
+StepOffsets TestPlayerStep::pauses(int percent)
+{
+    const int count = isLong() ? 12 : 2;
     begin(percent);
     player->start();
-    for (int i = 0; i < pauses; ++i) {
-        QVERIFY(playBeyond(player->getPlaytime() + 1100 + 37 * i));
+    for (int i = 0; i < count; ++i) {
+        if (!playBeyond(player->getPlaytime() + 1100 + 37 * i))
+            return {};
         player->pause();
         resume();
     }
-    QVERIFY(playBeyond(player->getPlaytime() + 1200));
-    check(measured(percent, u"pauses"_qs));
+    return playBeyond(player->getPlaytime() + 1200) ? measured(percent, u"pauses"_qs)
+                                                    : StepOffsets();
 }
 
 void TestPlayerStep::partsFollowAfterATempoChange_data()
@@ -319,8 +386,9 @@ void TestPlayerStep::partsFollowAfterATempoChange_data()
     QTest::addColumn<int>("before");
     QTest::addColumn<int>("after");
 
-    QTest::newRow("0% to +40%") << 0 << 40;
     QTest::newRow("0% to -40%") << 0 << -40;
+    if (isLong())
+        QTest::newRow("0% to +40%") << 0 << 40;
 }
 
 // What was on its way to the ear at the change was counted as if it were of the new tempo; the next
@@ -329,29 +397,48 @@ void TestPlayerStep::partsFollowAfterATempoChange()
 {
     QFETCH(int, before);
     QFETCH(int, after);
-    const double readAhead = measuredReadAhead(before, after);
+    double readAhead = 0;
+    const auto isLikely = [&readAhead] { return readAhead > 50 && readAhead < 500; };
+    for (int attempt = 0; attempt < attempts() && !isLikely(); ++attempt) {
+        listenAnew();
+        readAhead = measuredReadAhead(before, after);
+    }
+    QVERIFY2(isLikely(), qPrintable(QString::number(readAhead)));
     const double shift
         = readAhead * (Tempos::factor(before) - Tempos::factor(after)) / Tempos::factor(after);
     fprintf(stdout, "FIGURE a tempo is heard %.0f ms after it was set: parts shift by %+.0f ms\n",
             readAhead, shift);
-    QVERIFY(readAhead > 50 && readAhead < 500);
+    check([=, this] { return tempoChange(before, after, shift); }, boundMs + qAbs(shift));
+    check([=, this] { return nextStart(after); });
+}
 
-    told.clear();
-    recorder = std::make_unique<Recorder>();
-    QVERIFY(recorder->start());
+StepOffsets TestPlayerStep::tempoChange(int before, int after, double shift)
+{
     begin(before);
     player->start();
-    QVERIFY(playBeyond(1300));
+    if (!playBeyond(1300))
+        return {};
     told.clear();
     player->setTempo(after);
-    QVERIFY(playBeyond(player->getPlaytime() + 2000));
-    check(measured(after, u"changed"_qs, shift), boundMs + qAbs(shift));
+    return playBeyond(player->getPlaytime() + 2000) ? measured(after, u"changed"_qs, shift)
+                                                    : StepOffsets();
+}
 
+// The tempo changes between two pauses.
+StepOffsets TestPlayerStep::nextStart(int percent)
+{
+    begin(0);
+    player->start();
+    if (!playBeyond(800))
+        return {};
+    player->setTempo(percent);
+    if (!playBeyond(player->getPlaytime() + 500))
+        return {};
     player->pause();
     told.clear();
     resume();
-    QVERIFY(playBeyond(player->getPlaytime() + 1200));
-    check(measured(after, u"resumed"_qs));
+    return playBeyond(player->getPlaytime() + 1200) ? measured(percent, u"resumed"_qs)
+                                                    : StepOffsets();
 }
 
 // How long after it was set a tempo is heard: a tone that rises evenly rises faster or slower from
