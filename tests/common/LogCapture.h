@@ -1,32 +1,43 @@
 #pragma once
 
+#include <QMutex>
+#include <QMutexLocker>
 #include <QStringList>
 #include <QtGlobal>
 
-// Collects what is logged while it lives; nothing of it reaches the test's own output.
+// Collects what is logged while it lives, by any thread; nothing of it reaches the test's own
+// output. One at a time.
 class LogCapture
 {
 public:
     LogCapture()
     {
-        lines().clear();
-        previous = qInstallMessageHandler(
-            [](QtMsgType type, const QMessageLogContext &, const QString &text) {
-                lines().append(prefix(type) + text);
-            });
+        clear();
+        previous = qInstallMessageHandler([](QtMsgType type, const QMessageLogContext &,
+                                             const QString &text) { append(prefix(type) + text); });
     }
     ~LogCapture() { qInstallMessageHandler(previous); }
 
     // "debug: ", "critical: " … and the text.
-    static int count(const QString &part) { return static_cast<int>(lines().filter(part).size()); }
+    static int count(const QString &part) { return static_cast<int>(all().filter(part).size()); }
+    static QStringList all()
+    {
+        const QMutexLocker lock(&mutex);
+        return lines;
+    }
 
 private:
     Q_DISABLE_COPY_MOVE(LogCapture)
 
-    static QStringList &lines()
+    static void clear()
     {
-        static QStringList all;
-        return all;
+        const QMutexLocker lock(&mutex);
+        lines.clear();
+    }
+    static void append(const QString &line)
+    {
+        const QMutexLocker lock(&mutex);
+        lines.append(line);
     }
     static QString prefix(QtMsgType type)
     {
@@ -42,5 +53,7 @@ private:
         }
     }
 
+    static inline QMutex mutex;
+    static inline QStringList lines;
     QtMessageHandler previous;
 };
