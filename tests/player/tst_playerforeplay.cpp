@@ -1,5 +1,6 @@
-#include "LogCapture.h"
 #include "PlayerFixture.h"
+#include "Recorder.h"
+#include "Tempos.h"
 #include "TestMain.h"
 
 #include <QCoreApplication>
@@ -20,6 +21,9 @@ private Q_SLOTS:
     void countsUpToTheMusic();
     void isLeftOutWhereThereIsTime_data();
     void isLeftOutWhereThereIsTime();
+    void countsFromItsVeryBeginning_data();
+    void countsFromItsVeryBeginning();
+    void theMusicFollowsAtOnce();
     void followsTheTempo_data();
     void followsTheTempo();
     void followsAChangeOfTempo();
@@ -40,6 +44,7 @@ private:
     // Of the song's: its first number is due at this time, at half a second a beat.
     CountDownItem *addCountDown(int startTime, int from = 1, int to = 3);
     double paceOfForeplay();
+    double paceFromTheStart();
 };
 
 void TestPlayerForeplay::initTestCase()
@@ -131,11 +136,88 @@ double TestPlayerForeplay::paceOfForeplay()
     return (last - first) / (end - begin);
 }
 
+void TestPlayerForeplay::countsFromItsVeryBeginning_data()
+{
+    Tempos::addRows();
+}
+
+// The player's own timer decides how fine it is.
+double TestPlayerForeplay::paceFromTheStart()
+{
+    player->start();
+    const double started = Recorder::now();
+    const int from = player->getPlaytime();
+    double last = started;
+    int reached = from;
+    while (player->getPlaytime() < 0 && last - started < 5000) {
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        if (player->getPlaytime() < 0 && player->getPlaytime() != reached) {
+            reached = player->getPlaytime();
+            last = Recorder::now();
+        }
+    }
+    return (reached - from) / (last - started);
+}
+
+// 3 % of 200 ms are no more than a moment of another process.
+void TestPlayerForeplay::countsFromItsVeryBeginning()
+{
+    QFETCH(int, percent);
+    constexpr int attempts = 3;
+    addCountDown(300);
+    song->setTempo(percent);
+    player->setSong(song);
+    double off = 1;
+    for (int attempt = 0; attempt < attempts && off >= 0.03; ++attempt) {
+        player->stop();
+        off = qAbs(paceFromTheStart() / Tempos::factor(percent) - 1.0);
+        fprintf(stdout, "FIGURE %s: the foreplay's pace is off by %.1f %%\n",
+                QTest::currentDataTag(), off * 100);
+        QVERIFY(player->isPlaying() && player->getPlaytime() == 0);
+    }
+    QVERIFY2(off < 0.03, qPrintable(QString::number(off)));
+    QVERIFY(playBeyond(100));
+    player->start();
+    QCOMPARE(player->getPlaytime(), -200);
+}
+
+// No later after the foreplay than after any other start, and without a gap from then on.
+void TestPlayerForeplay::theMusicFollowsAtOnce()
+{
+    Recorder recorder;
+    QVERIFY(recorder.start());
+    player->setSong(song);
+    const auto heardAfter = [&](double asked) {
+        const bool heard = playBeyond(900);
+        recorder.catchUp();
+        player->stop();
+        const qsizetype first = recorder.firstSound(recorder.frameAt(asked));
+        const double silence = recorder.longestSilence(first, recorder.lastSound());
+        return heard && first >= 0 && silence < 20 ? recorder.timeOf(first) - asked : -1;
+    };
+    const auto start = [&] {
+        player->start();
+        return heardAfter(Recorder::now() + qMax(-player->getPlaytime(), 0));
+    };
+    start();
+    QTest::qWait(200);
+    const double usual = start();
+    addCountDown(300);
+    constexpr int attempts = 3;
+    double gap = -1;
+    for (int i = 0; i < attempts && (gap < 0 || gap > usual + 50); ++i) {
+        QTest::qWait(200);
+        gap = start();
+        fprintf(stdout, "FIGURE heard %.0f ms after a start, %.0f ms after a foreplay\n", usual,
+                gap);
+    }
+    QVERIFY(usual > 0 && gap > 0);
+    QVERIFY2(gap < usual + 50, qPrintable(QString::number(gap - usual)));
+}
+
 void TestPlayerForeplay::followsTheTempo_data()
 {
-    QTest::addColumn<int>("percent");
-    for (const int percent : {0, 20, -20, 40, -40})
-        QTest::addRow("%+d %%", percent) << percent;
+    Tempos::addRows();
 }
 
 void TestPlayerForeplay::followsTheTempo()

@@ -24,6 +24,7 @@ private Q_SLOTS:
     void aPauseKeepsTheLoop();
     void aStopEndsTheLoop();
     void aTimeBehindTheLoopJumpsBack();
+    void aLoopBegunInTheForeplayIsNone();
 
 private:
     // The times at which it went back.
@@ -159,6 +160,29 @@ void TestPlayerLoop::aTimeBehindTheLoopJumpsBack()
     QStringList states;
     QTRY_VERIFY_WITH_TIMEOUT((states += log->takeStates()).count(u"silent"_s) == 2, 3000);
     QVERIFY(player->getPlaytime() >= 1000 && player->getPlaytime() < 2500);
+}
+
+// The foreplay ends with a stop, and a stop ends every loop, this one too: its part only starts.
+void TestPlayerLoop::aLoopBegunInTheForeplayIsNone()
+{
+    song->setBpm(u"120"_s);
+    CountDownItem *item = song->getCountDowns().addNew();
+    item->setEnabled(true);
+    item->setCountStart(1);
+    item->setCountEnd(2);
+    item->setIgnition(300);
+    player->start();
+    QVERIFY(player->getPlaytime() < -500);
+    player->startLoop(1, 1);
+    QCOMPARE(player->getLoopStart(), 0);
+    QCOMPARE(player->getLoopEnd(), 0);
+    QVERIFY(player->isPlaying());
+    QVERIFY(playBeyond(3000));
+    QVERIFY(log->times.constFirst() >= 0);
+    QCOMPARE(log->takeStates().count(u"part 2"_s), 1);
+
+    player->startLoop(1, 1);
+    QCOMPARE(player->getLoopEnd(), 1);
 }
 
 TARVELO_TEST_MAIN(TestPlayerLoop, QCoreApplication)

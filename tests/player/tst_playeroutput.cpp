@@ -1,4 +1,5 @@
 #include "DefaultOutput.h"
+#include "LogCapture.h"
 #include "PlayerFixture.h"
 #include "Recorder.h"
 #include "Settings.h"
@@ -12,6 +13,10 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
+const QString refused
+    = u"critical: Selected audio format not supported by backend, cannot play audio."_s;
+const QString failed = u"debug: PlayerEngine2: Audio Output is in Error: "_s;
 
 // What pactl prints; null when it failed.
 QString pactl(const QStringList &arguments)
@@ -80,6 +85,7 @@ private Q_SLOTS:
     void eachStartTakesTheDefault();
     void aLostOutputIsReplaced();
     void aMoveIsOnePlay();
+    void withoutAnOutputTheSongStops();
     void aServerThatComesBackIsTaken();
 
 private:
@@ -190,8 +196,47 @@ void TestPlayerOutput::aMoveIsOnePlay()
     QCOMPARE(song->getDanceEvents().count(), 1);
 }
 
+// The server itself puts a dummy in the place of the last one, if it may.
+void TestPlayerOutput::withoutAnOutputTheSongStops()
+{
+    player->start();
+    QVERIFY(playBeyond(600));
+    log->take();
+    LogCapture lines;
+    QVERIFY(!pactl({u"unload-module"_s, u"module-always-sink"_s}).isNull());
+    QVERIFY(!pactl({u"unload-module"_s, u"module-null-sink"_s}).isNull());
+    QTRY_VERIFY(QMediaDevices::audioOutputs().isEmpty());
+    const int gone = player->getPlaytime();
+    // It waits for another one before it gives up.
+    QVERIFY(player->isPlaying());
+    QTRY_VERIFY_WITH_TIMEOUT(!player->isPlaying(), 15000);
+    QCOMPARE(lines.count(u"warning: The audio output is gone."_s), 1);
+    QCOMPARE(lines.count(u"warning: No audio output came back."_s), 1);
+    QCOMPARE(log->takeStates(), QStringList{u"silent"_s});
+
+    player->start();
+    QVERIFY(!player->isPlaying());
+    QCOMPARE(lines.count(refused), 1);
+    player->resume();
+    player->startFromPart(1);
+    player->pause();
+    QVERIFY(!player->isPlaying());
+
+    QVERIFY(!addSink(u"null"_s).isEmpty());
+    QVERIFY(makeDefault(u"null"_s));
+    pactl({u"load-module"_s, u"module-always-sink"_s});
+    Recorder recorder;
+    QVERIFY(recorder.start());
+    player->startFromPlaytime(gone);
+    QVERIFY(player->isPlaying());
+    QVERIFY(playBeyond(gone + 700));
+    recorder.catchUp();
+    QVERIFY(recorder.firstSound() >= 0);
+}
+
 void TestPlayerOutput::aServerThatComesBackIsTaken()
 {
+    LogCapture lines;
     player->start();
     QVERIFY(playBeyond(1000));
     const QList<qint64> servers = soundServers();
@@ -208,6 +253,9 @@ void TestPlayerOutput::aServerThatComesBackIsTaken()
     fprintf(stdout, "FIGURE goes on %.0f ms after the server came back\n", took);
     QVERIFY2(took < 5000, qPrintable(QString::number(took)));
     QVERIFY(player->getPlaytime() < gone + 5000);
+    const QStringList errors = lines.all().filter(failed);
+    QCOMPARE(errors.size(), 1);
+    QVERIFY2(errors.constFirst().contains(u"FatalError"_s), qPrintable(errors.constFirst()));
 }
 
 TARVELO_TEST_MAIN(TestPlayerOutput, QCoreApplication)

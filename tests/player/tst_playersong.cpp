@@ -9,6 +9,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString decodes = u"debug: Decode Audio Data"_qs;
+const QString oldSong = u"debug: Set new Song. Old song: "_qs;
+const QString resumes = u"debug: Resume Song: "_qs;
 const QString refused
     = u"critical: Selected audio format not supported by backend, cannot play audio."_qs;
 
@@ -25,6 +27,8 @@ private Q_SLOTS:
     void cleanup();
 
     void aNewSongRenewsItsCountDowns();
+    void everyKindPlays_data();
+    void everyKindPlays();
     void songEnds();
     void songEndsWhileItStillDecoded();
     void songTooShortToHearEnds();
@@ -35,6 +39,8 @@ private Q_SLOTS:
     void tempoMovesTheTime();
     void sameSongGoesOn();
     void nextSongStopsTheFirst();
+    void theLogTellsWhatBecameOfTheOldSong();
+    void theLogTellsOfAResume();
     void nextSongMayComeWhileDecoding();
     void songMayStartWhileDecoding();
     void formatMayChangeFromSongToSong();
@@ -72,6 +78,26 @@ void TestPlayerSong::aNewSongRenewsItsCountDowns()
     song->setBpm(u"60"_qs);
     player->setSong(song);
     QCOMPARE(item->getStartTime(), 1000);
+}
+
+void TestPlayerSong::everyKindPlays_data()
+{
+    QTest::addColumn<QString>("suffix");
+
+    for (const char *suffix : {"mp3", "m4a", "flac", "ogg", "wav"})
+        QTest::newRow(suffix) << QString::fromLatin1(suffix);
+}
+
+void TestPlayerSong::everyKindPlays()
+{
+    QFETCH(QString, suffix);
+    const SongPtr other = newSong(1.5, suffix);
+    player->setSong(other);
+    player->start();
+    QVERIFY(playBeyond(1000));
+    QTRY_VERIFY(!player->isPlaying());
+    QVERIFY(*std::max_element(log->times.cbegin(), log->times.cend()) < 1900);
+    QCOMPARE(log->takeStates(), (QStringList{u"playing"_qs, u"silent"_qs, u"time 0"_qs}));
 }
 
 void TestPlayerSong::songEnds()
@@ -193,6 +219,47 @@ void TestPlayerSong::nextSongStopsTheFirst()
     QCOMPARE(player->getPlaytimeTotal(), 5000);
     player->start();
     QVERIFY(playBeyond(200));
+}
+
+void TestPlayerSong::theLogTellsWhatBecameOfTheOldSong()
+{
+    LogCapture lines;
+    player->setSong(song);
+    QCOMPARE(lines.count(oldSong), 0);
+    player->start();
+    QVERIFY(playBeyond(1200));
+    const SongPtr next = newSong(5);
+    player->setSong(next);
+    player->setSong(next);
+    QCOMPARE(lines.count(oldSong), 1);
+    const QString line = lines.all().filter(oldSong).constFirst();
+    QVERIFY2(line.startsWith(oldSong), qPrintable(line));
+    QVERIFY2(line.contains(song->getFilename()), qPrintable(line));
+    QVERIFY2(
+        line.simplified().endsWith(u"generatedEvent= false playtime= 1 toBeWritten After= 90"_qs),
+        qPrintable(line));
+    player->setSong(SongPtr());
+    QCOMPARE(lines.count(oldSong), 2);
+    player->setSong(song);
+    QCOMPARE(lines.count(oldSong), 2);
+}
+
+// Of a resume that changes nothing as well, and of each start.
+void TestPlayerSong::theLogTellsOfAResume()
+{
+    LogCapture lines;
+    player->resume();
+    QCOMPARE(lines.count(resumes), 0);
+    player->setSong(song);
+    player->start();
+    QCOMPARE(lines.count(resumes), 1);
+    QVERIFY(lines.all().filter(resumes).constFirst().contains(song->getFilename()));
+    QVERIFY(playBeyond(100));
+    player->pause();
+    QCOMPARE(lines.count(resumes), 1);
+    player->resume();
+    player->resume();
+    QCOMPARE(lines.count(resumes), 3);
 }
 
 void TestPlayerSong::nextSongMayComeWhileDecoding()

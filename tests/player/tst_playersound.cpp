@@ -49,9 +49,11 @@ private Q_SLOTS:
     void partsFollowTheBeat();
     void endIsToldWhenAllWasHeard();
     void registrationLeavesNoGap();
+    void volumeBelongsToTheOutput();
 
 private:
     SongPtr tone(double seconds);
+    int peakOf(const SongPtr &song);
     SongPtr encoded(const QString &name, const QList<qint16> &samples);
     bool playBeyond(int ms);
 
@@ -337,6 +339,48 @@ void TestPlayerSound::registrationLeavesNoGap()
     createSongStores();
     QCOMPARE(Song(song->getFilename(), false).getDanceEvents().count(), 1);
     destroySongStores();
+}
+
+// How loud it is, from its beginning.
+int TestPlayerSound::peakOf(const SongPtr &song)
+{
+    player->setSong(song);
+    QTest::qWait(200);
+    recorder->catchUp();
+    const qsizetype from = recorder->samples().size();
+    player->start();
+    if (!playBeyond(700))
+        return -1;
+    recorder->catchUp();
+    return Waves::peak(recorder->samples().mid(from));
+}
+
+// A song's volume goes to the output that is there; one that is opened later has its own.
+void TestPlayerSound::volumeBelongsToTheOutput()
+{
+    const auto ofVolume = [this](double volume, double seconds) {
+        const SongPtr song = tone(seconds);
+        song->setVolume(volume);
+        return song;
+    };
+    const int whole = peakOf(ofVolume(0.25, 3));
+    const auto isFactor = [whole](int peak, double factor) {
+        fprintf(stdout, "FIGURE heard at %.3f, wanted %.3f\n", double(peak) / whole, factor);
+        return qAbs(double(peak) / whole - factor) < 0.02;
+    };
+    QVERIFY(whole > 2000);
+    QVERIFY(isFactor(peakOf(ofVolume(0.5, 4)), 0.5));
+    QVERIFY(isFactor(peakOf(ofVolume(0.1, 5)), 0.1));
+    QVERIFY(isFactor(peakOf(ofVolume(2.0, 3)), 1.0));
+
+    // Another format needs another output.
+    const QString file = directory.filePath(u"other.mp3"_qs);
+    QVERIFY(Samples::writeTone(file, {.seconds = 3, .rate = 22050}));
+    const SongPtr other(new Song(file, false));
+    other->setFrequency(22050);
+    other->setChannels(2);
+    other->setVolume(0.5);
+    QVERIFY(isFactor(peakOf(other), 1.0));
 }
 
 TARVELO_TEST_MAIN(TestPlayerSound, QCoreApplication)
