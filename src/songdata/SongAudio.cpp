@@ -24,10 +24,9 @@ void Song::decodeAudio()
     format.setSampleFormat(QAudioFormat::Int16);
     format.setChannelCount(channels);
     format.setSampleRate(frequency);
-    // Held here as well: the event loop runs meanwhile, and somebody may release the audio.
-    const auto data = std::make_shared<SongAudioDataQt>();
-    audioData = data;
-    data->decode(filename, format);
+    // Not held here: who releases the audio while the event loop runs ends the wait with it.
+    audioData = std::make_shared<SongAudioDataQt>();
+    audioData->decode(filename, format);
 }
 
 void Song::releaseAudio()

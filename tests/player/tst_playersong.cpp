@@ -42,6 +42,7 @@ private Q_SLOTS:
     void theLogTellsWhatBecameOfTheOldSong();
     void theLogTellsOfAResume();
     void nextSongMayComeWhileDecoding();
+    void aReleasedDecodingIsNotWaitedFor();
     void songMayStartWhileDecoding();
     void formatMayChangeFromSongToSong();
     void unplayableSongIsRefused_data();
@@ -271,6 +272,26 @@ void TestPlayerSong::nextSongMayComeWhileDecoding()
     QVERIFY(!song->getAudioData());
     player->start();
     QVERIFY(playBeyond(200));
+}
+
+// A file without a head is waited for as long as any.
+void TestPlayerSong::aReleasedDecodingIsNotWaitedFor()
+{
+    const SongPtr missing(new Song(directory.filePath(u"missing.mp3"_qs), false));
+    missing->setFrequency(44100);
+    missing->setChannels(2);
+    const auto setIt = [&] {
+        QElapsedTimer clock;
+        clock.start();
+        player->setSong(missing);
+        return clock.elapsed();
+    };
+    QVERIFY(setIt() >= 95);
+    player->setSong(SongPtr());
+    QTimer::singleShot(0, this, [&] { player->setSong(SongPtr()); });
+    const qint64 waited = setIt();
+    QVERIFY(!missing->getAudioData());
+    QVERIFY2(waited < 70, qPrintable(QString::number(waited)));
 }
 
 void TestPlayerSong::songMayStartWhileDecoding()
