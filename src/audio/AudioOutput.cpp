@@ -2,9 +2,12 @@
 
 #include "DefaultOutput.h"
 
+#include <QAbstractEventDispatcher>
 #include <QAudioFormat>
 #include <QAudioSink>
+#include <QCoreApplication>
 #include <QMediaDevices>
+#include <QTimerEvent>
 
 #include <algorithm>
 #include <utility>
@@ -82,7 +85,24 @@ bool AudioOutput::start(QIODevice *source)
     sink->setBufferSize(sink->format().bytesForDuration(bufferUSecs));
     sink->start(source);
     isRunning = sink->state() != QAudio::StoppedState;
+    // Not from in here: a source without sound tells at once that it has ended.
+    QMetaObject::invokeMethod(this, &AudioOutput::pullAtOnce, Qt::QueuedConnection);
     return isRunning;
+}
+
+// Qt's own part of the sink, a child of ours, pulls by a timer of 20 ms and would let the first
+// turn go by. A part that pulls in another way has no timer.
+void AudioOutput::pullAtOnce()
+{
+    const QAbstractEventDispatcher *dispatcher = QAbstractEventDispatcher::instance();
+    for (QObject *child : children()) {
+        const auto timers = dispatcher->registeredTimers(child);
+        if (timers.isEmpty())
+            continue;
+        QTimerEvent turn(timers.constFirst().timerId);
+        QCoreApplication::sendEvent(child, &turn);
+        return;
+    }
 }
 
 // Always before a sink goes or starts anew: an active one still has a pull under way.

@@ -50,6 +50,7 @@ Q_SIGNALS:
 private:
     bool fits(const QAudioFormat &format) const;
     void create(const QAudioDevice &wanted, const QAudioFormat &format);
+    void pullAtOnce();
     void onStateChanged(QAudio::State state);
 
     QAudioSink *sink = nullptr;

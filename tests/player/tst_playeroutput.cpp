@@ -1,3 +1,4 @@
+#include "AudioOutput.h"
 #include "DefaultOutput.h"
 #include "LogCapture.h"
 #include "PlayerFixture.h"
@@ -5,6 +6,7 @@
 #include "Settings.h"
 #include "TestMain.h"
 
+#include <QAudioFormat>
 #include <QCoreApplication>
 #include <QProcess>
 
@@ -70,6 +72,26 @@ bool startServer()
     return process.startDetached();
 }
 
+// Silence without end; knows when it was first asked for.
+class Source : public QIODevice
+{
+public:
+    double firstPull = 0;
+
+    bool isSequential() const override { return true; }
+    qint64 bytesAvailable() const override { return 1 << 20; }
+
+protected:
+    qint64 readData(char *data, qint64 maxlen) override
+    {
+        if (firstPull == 0)
+            firstPull = Recorder::now();
+        std::fill_n(data, maxlen, char(0));
+        return maxlen;
+    }
+    qint64 writeData(const char *, qint64) override { return 0; }
+};
+
 } // namespace
 
 // The sound goes to where the default output is, and follows it.
@@ -82,6 +104,7 @@ private Q_SLOTS:
     void init();
     void cleanup();
 
+    void theFirstPullComesAtOnce();
     void eachStartTakesTheDefault();
     void aLostOutputIsReplaced();
     void aMoveIsOnePlay();
@@ -129,6 +152,31 @@ double TestPlayerOutput::loudSeconds(const Recorder &recorder, double from) cons
 {
     const qsizetype first = recorder.firstSound(recorder.frameAt(from));
     return first < 0 ? 0 : double(recorder.lastSound() - first) / Recorder::rate;
+}
+
+// Not a turn of the sink's own timer later, which is 20 ms.
+void TestPlayerOutput::theFirstPullComesAtOnce()
+{
+    constexpr int attempts = 5;
+    QAudioFormat format;
+    format.setSampleFormat(QAudioFormat::Int16);
+    format.setSampleRate(44100);
+    format.setChannelCount(2);
+    AudioOutput output;
+    double waited = attempts * 1000;
+    for (int i = 0; i < attempts; ++i) {
+        Source source;
+        QVERIFY(source.open(QIODevice::ReadOnly | QIODevice::Unbuffered));
+        QVERIFY(output.prepare(format) && output.start(&source));
+        const double started = Recorder::now();
+        QCOMPARE(source.firstPull, 0.0);
+        QTRY_VERIFY(source.firstPull > 0);
+        waited = std::min(waited, source.firstPull - started);
+        QTRY_VERIFY(output.processedUSecs() > 100000);
+        output.stop();
+    }
+    fprintf(stdout, "FIGURE first pull %.1f ms after the start\n", waited);
+    QVERIFY2(waited < 10, qPrintable(QString::number(waited)));
 }
 
 void TestPlayerOutput::eachStartTakesTheDefault()
