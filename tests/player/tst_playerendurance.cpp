@@ -1,3 +1,4 @@
+#include "DefaultOutput.h"
 #include "PlayerFixture.h"
 #include "SongAudioData.h"
 #include "SongStore.h"
@@ -113,6 +114,7 @@ class TestPlayerEndurance : public QObject
 private Q_SLOTS:
     void initTestCase();
     void cleanupTestCase();
+    void cleanup();
 
     void anyOrderOfCommands();
     void playsOnWithoutADropout();
@@ -160,9 +162,16 @@ void TestPlayerEndurance::initTestCase()
 
 void TestPlayerEndurance::cleanupTestCase()
 {
-    if (!module.isEmpty())
-        pactl({u"unload-module"_s, module});
     destroySongStores();
+}
+
+// What comes next is heard from the session's own output.
+void TestPlayerEndurance::cleanup()
+{
+    player.reset();
+    if (!module.isEmpty())
+        pactl({u"unload-module"_s, std::exchange(module, {})});
+    QTRY_COMPARE(defaultOutput().id(), QByteArray("null"));
 }
 
 // Copies of real music, or tones where there is none.
