@@ -36,6 +36,8 @@ bool WavFile::open(const QString &name)
 
 void WavFile::append(const std::vector<qint16> &samples)
 {
+    if (samples.empty())
+        return;
     QByteArray bytes(static_cast<qsizetype>(samples.size() * sampleBytes), Qt::Uninitialized);
     qToLittleEndian<qint16>(samples.data(), static_cast<qsizetype>(samples.size()), bytes.data());
     if (isOpen())
