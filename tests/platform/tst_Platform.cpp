@@ -32,6 +32,7 @@ private Q_SLOTS:
     void permissionsOfNothingFail();
     void aForeignFileStaysAsItIs();
 
+    void theMemoryIsThisMachines();
     void theConsoleStaysOnUnix();
     void theXServerIsChosenWhereThereIsOne_data();
     void theXServerIsChosenWhereThereIsOne();
@@ -264,6 +265,17 @@ void TestPlatform::aForeignFileStaysAsItIs()
     if (::geteuid() == 0)
         QSKIP("Root may change any file: run this as an ordinary user.");
     QVERIFY(!Platform::setFileWritable(u"/etc/passwd"_qs, true));
+}
+
+void TestPlatform::theMemoryIsThisMachines()
+{
+    QFile file(u"/proc/meminfo"_qs);
+    if (!file.open(QIODevice::ReadOnly))
+        QSKIP("Nothing to compare with.");
+    const QByteArray line = file.readLine(); // "MemTotal:       16265232 kB"
+    QVERIFY(line.startsWith("MemTotal:"));
+    const int kilobytes = line.mid(9).trimmed().split(' ').first().toInt();
+    QCOMPARE(Platform::totalMemoryMB(), kilobytes / 1024);
 }
 
 void TestPlatform::theConsoleStaysOnUnix()

@@ -16,6 +16,9 @@ bool moveToRecycleBin(const QString &file);
 // the permissions could not be changed.
 bool setFileWritable(const QString &file, bool writable);
 
+// The physical memory of this machine in megabytes (1024 * 1024 bytes); 0 when it can't be told.
+int totalMemoryMB();
+
 // Makes the program fit its desktop before the application object exists.
 void prepareDesktop();
 

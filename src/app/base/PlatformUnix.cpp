@@ -4,6 +4,8 @@
 
 #include <QtGlobal>
 
+#include <unistd.h>
+
 #include <filesystem>
 
 void Platform::detachConsole() { }
@@ -28,6 +30,15 @@ bool Platform::setFileWritable(const QString &file, bool writable)
                                      perms::owner_write | perms::group_write | perms::others_write,
                                      perm_options::remove, error);
     return !error;
+}
+
+int Platform::totalMemoryMB()
+{
+    const qint64 pages = ::sysconf(_SC_PHYS_PAGES);
+    const qint64 pageSize = ::sysconf(_SC_PAGE_SIZE);
+    if (pages <= 0 || pageSize <= 0)
+        return 0;
+    return static_cast<int>(pages * pageSize / (1024 * 1024));
 }
 
 // A Wayland program may neither place its windows nor fade them; under the X server it may.

@@ -37,4 +37,13 @@ bool Platform::setFileWritable(const QString &file, bool writable)
     return QFile::setPermissions(file, permissions);
 }
 
+int Platform::totalMemoryMB()
+{
+    MEMORYSTATUSEX status{};
+    status.dwLength = sizeof(status);
+    if (!GlobalMemoryStatusEx(&status))
+        return 0;
+    return static_cast<int>(status.ullTotalPhys / (1024 * 1024));
+}
+
 void Platform::prepareDesktop() { }
