@@ -96,6 +96,14 @@ void SongPositions::toJson(QJsonObject &object) const
     object.insert(u"positions", entries);
 }
 
+QString positionsAsText(const SongPositions &positions)
+{
+    QStringList texts;
+    for (int index = 0; index < positions.count(); ++index)
+        texts.append(positions.at(index).getSteps());
+    return texts.join(u'\n');
+}
+
 int beatCount(qint64 spanMs, int bpm)
 {
     return static_cast<int>(std::lround(static_cast<double>(spanMs) * bpm / 60000.0));

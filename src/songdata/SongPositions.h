@@ -51,6 +51,9 @@ private:
     QList<Position> positions;
 };
 
+// The step texts of all positions, in their order, joined by line feeds.
+QString positionsAsText(const SongPositions &positions);
+
 // Beats in a span of spanMs milliseconds at bpm beats a minute, rounded to the nearest integer,
 // halves away from zero.
 int beatCount(qint64 spanMs, int bpm);

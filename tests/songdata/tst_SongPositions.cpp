@@ -34,6 +34,7 @@ private Q_SLOTS:
     void jsonIsReadLeniently();
     void beatsAreRounded_data();
     void beatsAreRounded();
+    void stepTextsAreJoined();
 };
 
 namespace {
@@ -292,6 +293,15 @@ void TestSongPositions::beatsAreRounded()
     QFETCH(qint64, span);
     QFETCH(int, bpm);
     QTEST(beatCount(span, bpm), "beats");
+}
+
+void TestSongPositions::stepTextsAreJoined()
+{
+    QCOMPARE(positionsAsText({}), QString());
+    QCOMPARE(positionsAsText(listOf({{10, u"A"_qs, u"one"_qs}})), u"one"_qs);
+    const SongPositions several = listOf(
+        {{20, u"A"_qs, u"two\nlines"_qs}, {10, u"B"_qs, QString()}, {30, u"C"_qs, u"last"_qs}});
+    QCOMPARE(positionsAsText(several), u"two\nlines\n\nlast"_qs);
 }
 
 TARVELO_TEST_MAIN(TestSongPositions, QCoreApplication)
