@@ -1,5 +1,7 @@
 #include "Version.h"
 
+#include <QLocale>
+
 namespace Version {
 
 QVersionNumber number()
@@ -25,6 +27,22 @@ QString logText()
         .arg(day.year())
         .arg(day.month())
         .arg(day.day());
+}
+
+QString buildDate(const QString &format)
+{
+    const QLocale locale;
+    QString pattern = QStringLiteral("dd MMM yyyy");
+    if (format == u"S" && locale.name() == u"de_DE")
+        pattern = QStringLiteral("dd.MM.yyyy");
+    else if (format == u"S" && locale.name() == u"en_US")
+        pattern = QStringLiteral("MM/dd/yyyy");
+    return locale.toString(date(), pattern);
+}
+
+QString releaseName()
+{
+    return QStringLiteral("Rocking Chair");
 }
 
 } // namespace Version

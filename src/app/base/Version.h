@@ -14,5 +14,11 @@ QDate date();
 QString shortText();
 // Version and date in plain numbers: "8.0.0 2024-12-6".
 QString logText();
+// The date for people, in the default locale's language: format "S" is short, as in 06.12.2024,
+// any other long, as in 06 Dez. 2024. A language for which no short form is laid down gets the
+// long one.
+QString buildDate(const QString &format);
+// What this release is called.
+QString releaseName();
 
 } // namespace Version
