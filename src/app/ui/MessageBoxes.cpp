@@ -1,11 +1,49 @@
 #include "MessageBoxes.h"
 
+#include "ThemeContext.h"
+
 #include <QAbstractButton>
 #include <QApplication>
 #include <QCoreApplication>
 #include <QScreen>
+#include <QTextDocumentFragment>
 
 namespace {
+
+struct BoxKind
+{
+    const char *title;
+    const char *picture;
+    QMessageBox::StandardButtons buttons;
+    QMessageBox::StandardButton defaultButton;
+};
+
+constexpr BoxKind errorBox{QT_TRANSLATE_NOOP("MessageBoxes", "Fehler ..."), "Error",
+                           QMessageBox::Ok, QMessageBox::Ok};
+constexpr BoxKind infoBox{QT_TRANSLATE_NOOP("MessageBoxes", "Information ..."), "Info",
+                          QMessageBox::Ok, QMessageBox::Ok};
+constexpr BoxKind problemBox{QT_TRANSLATE_NOOP("MessageBoxes", "Problem ..."), "Error",
+                             QMessageBox::Ok, QMessageBox::Ok};
+constexpr BoxKind sorryBox{QT_TRANSLATE_NOOP("MessageBoxes", "Sorry ..."), "Frownie",
+                           QMessageBox::Ok, QMessageBox::Ok};
+constexpr const char *questionTitle = QT_TRANSLATE_NOOP("MessageBoxes", "Frage ...");
+constexpr BoxKind yesNoBox{questionTitle, "Help", QMessageBox::Yes | QMessageBox::No,
+                           QMessageBox::No};
+constexpr BoxKind yesNoCancelBox{questionTitle, "Help",
+                                 QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel,
+                                 QMessageBox::Yes};
+
+struct ButtonText
+{
+    QMessageBox::StandardButton button;
+    const char *text;
+};
+
+constexpr ButtonText buttonTexts[] = {
+    {QMessageBox::Yes, QT_TRANSLATE_NOOP("MessageBoxes", "Ja")},
+    {QMessageBox::No, QT_TRANSLATE_NOOP("MessageBoxes", "Nein")},
+    {QMessageBox::Cancel, QT_TRANSLATE_NOOP("MessageBoxes", "Abbruch")},
+};
 
 QString translated(const char *text)
 {
@@ -24,11 +62,47 @@ BoxRunner &boxRunner()
     return runner;
 }
 
-void showOk(const char *title, QMessageBox::Icon icon, const QString &text)
+void nameButtons(QMessageBox &box)
 {
-    QMessageBox box(icon, translated(title), text, QMessageBox::Ok);
+    for (const ButtonText &row : buttonTexts) {
+        if (QAbstractButton *button = box.button(row.button))
+            button->setText(translated(row.text));
+    }
+}
+
+void setPicture(QMessageBox &box, const QString &name)
+{
+    const QPixmap picture = themePicture(name);
+    if (picture.isNull())
+        return;
+    box.setWindowIcon(picture);
+    const qreal ratio = box.devicePixelRatio();
+    QPixmap scaled
+        = picture.scaled(themeIconSize() * ratio, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    scaled.setDevicePixelRatio(ratio);
+    box.setIconPixmap(scaled);
+}
+
+// A screen reader tells the title and the text as soon as the box comes up.
+void describe(QMessageBox &box)
+{
+    box.setAccessibleName(box.windowTitle());
+    box.setAccessibleDescription(QTextDocumentFragment::fromHtml(box.text()).toPlainText());
+}
+
+QMessageBox::StandardButton show(const BoxKind &kind, const QString &text, int minWidth = 0)
+{
+    QMessageBox box(QMessageBox::NoIcon, translated(kind.title), text, kind.buttons);
     box.setTextFormat(Qt::RichText);
-    boxRunner()(box);
+    box.setDefaultButton(kind.defaultButton);
+    nameButtons(box);
+    setPicture(box, QLatin1String(kind.picture));
+    describe(box);
+    if (minWidth != 0)
+        box.setStyleSheet(
+            QStringLiteral("QLabel#qt_msgbox_label{min-width: %1px; text-align: left;}")
+                .arg(minWidth));
+    return boxRunner()(box);
 }
 
 } // namespace
@@ -40,25 +114,35 @@ void setBoxRunner(const BoxRunner &runner)
 
 void showError(const QString &text)
 {
-    showOk(QT_TRANSLATE_NOOP("MessageBoxes", "Fehler ..."), QMessageBox::Critical, text);
+    show(errorBox, text);
 }
 
-void showInfo(const QString &text)
+void showInfo(const QString &text, int minWidth)
 {
-    showOk(QT_TRANSLATE_NOOP("MessageBoxes", "Information ..."), QMessageBox::Information, text);
+    show(infoBox, text, minWidth);
 }
 
 QMessageBox::StandardButton askYesNoCancel(const QString &text)
 {
-    QMessageBox box(QMessageBox::Question,
-                    translated(QT_TRANSLATE_NOOP("MessageBoxes", "Frage ...")), text);
-    box.setStandardButtons(QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
-    box.setDefaultButton(QMessageBox::Yes);
-    box.button(QMessageBox::Yes)->setText(translated(QT_TRANSLATE_NOOP("MessageBoxes", "Ja")));
-    box.button(QMessageBox::No)->setText(translated(QT_TRANSLATE_NOOP("MessageBoxes", "Nein")));
-    box.button(QMessageBox::Cancel)
-        ->setText(translated(QT_TRANSLATE_NOOP("MessageBoxes", "Abbruch")));
-    return boxRunner()(box);
+    return show(yesNoCancelBox, text);
+}
+
+bool askYesNo(const QString &text)
+{
+    return show(yesNoBox, text) == QMessageBox::Yes;
+}
+
+void showWriteProtected()
+{
+    show(problemBox, translated(QT_TRANSLATE_NOOP(
+                         "MessageBoxes", "Diese Datei ist schreibgeschützt, daher können keine "
+                                         "Änderungen vorgenommen werden.")));
+}
+
+void showNotImplemented()
+{
+    show(sorryBox, translated(QT_TRANSLATE_NOOP(
+                       "MessageBoxes", "Diese Funktion steht leider noch nicht zur Verfügung.")));
 }
 
 void centerOnActiveWindow(QWidget *box)
@@ -68,8 +152,8 @@ void centerOnActiveWindow(QWidget *box)
     box->show();
     if (!active || active == box)
         return;
-    const QRect frame = active->frameGeometry();
-    QPoint corner = frame.center() - box->rect().center();
+    QPoint corner(active->x() + active->width() / 2 - box->width() / 2,
+                  active->y() + active->height() / 2 - box->height() / 2);
     if (corner.y() < 0)
         corner.setY(20);
     const QSize screen = QGuiApplication::primaryScreen()->size();
