@@ -4,22 +4,55 @@
 
 namespace {
 
-DirectoryChooser &directoryChooser()
+struct Choosers
 {
-    static DirectoryChooser chooser;
-    return chooser;
+    DirectoryChooser directory;
+    FileChooser saveFile;
+    FileChooser openFile;
+};
+
+Choosers &choosers()
+{
+    static Choosers shared;
+    return shared;
 }
 
 } // namespace
 
 QString chooseDirectory(QWidget *parent, const QString &title, const QString &start)
 {
-    if (directoryChooser())
-        return directoryChooser()(title, start);
+    if (choosers().directory)
+        return choosers().directory(title, start);
     return QFileDialog::getExistingDirectory(parent, title, start);
+}
+
+QString chooseSaveFile(QWidget *parent, const QString &title, const QString &proposal,
+                       const QString &filter)
+{
+    if (choosers().saveFile)
+        return choosers().saveFile(title, proposal, filter);
+    return QFileDialog::getSaveFileName(parent, title, proposal, filter);
+}
+
+QString chooseOpenFile(QWidget *parent, const QString &title, const QString &start,
+                       const QString &filter)
+{
+    if (choosers().openFile)
+        return choosers().openFile(title, start, filter);
+    return QFileDialog::getOpenFileName(parent, title, start, filter);
 }
 
 void setDirectoryChooser(const DirectoryChooser &chooser)
 {
-    directoryChooser() = chooser;
+    choosers().directory = chooser;
+}
+
+void setSaveFileChooser(const FileChooser &chooser)
+{
+    choosers().saveFile = chooser;
+}
+
+void setOpenFileChooser(const FileChooser &chooser)
+{
+    choosers().openFile = chooser;
 }
