@@ -294,7 +294,7 @@ void MainWindow::showScreen(int screen)
     if (screen == currentScreen() && screen == SettingsScreen)
         settingsPage->setCurrentIndex((settingsPage->currentIndex() + 1) % settingsPage->count());
     if (screen == currentScreen() && screen == HelpScreen)
-        helpPage->setCurrentIndex((helpPage->currentIndex() + 1) % helpPage->count());
+        helpPage->nextTab();
     stackedWidget->setCurrentIndex(screen);
     frameTop->setScreen(screen, screenMenus.at(screen));
     buttonFrame->setScreen(screen);
