@@ -1,51 +1,28 @@
 #include "PositionsPage.h"
 
 #include "Player.h"
-#include "PositionsFont.h"
-#include "Theme.h"
 
+#include <QCoreApplication>
 #include <QEvent>
 #include <QHeaderView>
-#include <QTableWidget>
+#include <QMenu>
 #include <QVBoxLayout>
 
 #include <algorithm>
-#include <numeric>
-
-namespace {
-
-constexpr int measuringSize = 70; // points
-constexpr int columnPadding = 10; // pixels
-
-constexpr const char *headings[PositionsColumnCount] = {
-    "",
-    QT_TRANSLATE_NOOP("PositionsPage", "Part"),
-    QT_TRANSLATE_NOOP("PositionsPage", "Zeitpunkt"),
-    QT_TRANSLATE_NOOP("PositionsPage", "Beats"),
-    QT_TRANSLATE_NOOP("PositionsPage", "Positionen"),
-};
-
-constexpr Qt::AlignmentFlag alignments[PositionsColumnCount]
-    = {Qt::AlignRight, Qt::AlignLeft, Qt::AlignRight, Qt::AlignRight, Qt::AlignLeft};
-
-int singleLineWidth(const QFont &font, const QString &text)
-{
-    return QFontMetrics(font).size(Qt::TextSingleLine, text).width();
-}
-
-} // namespace
 
 PositionsPage::PositionsPage(Player *songPlayer, QWidget *parent)
     : QWidget(parent)
     , player(songPlayer)
-    , tableWidgetPositions(new QTableWidget(0, PositionsColumnCount, this))
+    , tableWidgetPositions(new PositionsTable(this))
 {
     setObjectName(QStringLiteral("page2_Lyrics"));
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(tableWidgetPositions);
-    setUpTable();
-    writeHeaderTexts();
+    for (const PositionsColumn column : {PartColumn, TimeColumn, BeatsColumn})
+        tableWidgetPositions->setColumnHidden(column, !look.shown[column]);
+    connectTable();
+    followSectionSizes();
 }
 
 PositionsPage::~PositionsPage()
@@ -54,99 +31,14 @@ PositionsPage::~PositionsPage()
     disconnect(sectionConnection);
 }
 
-void PositionsPage::setUpTable()
+void PositionsPage::connectTable()
 {
-    QTableWidget *table = tableWidgetPositions;
-    table->setObjectName(QStringLiteral("tableWidgetPositions"));
-    table->setFocusPolicy(Qt::NoFocus);
-    table->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    table->setAlternatingRowColors(true);
-    table->setSelectionMode(QAbstractItemView::NoSelection);
-    table->setSelectionBehavior(QAbstractItemView::SelectItems);
-    table->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
-    table->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
-    table->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    table->setShowGrid(false);
-    table->setContentsMargins(0, 0, 0, 0);
-    table->verticalHeader()->hide();
-    table->horizontalHeader()->setHighlightSections(false);
-    table->horizontalHeader()->setStretchLastSection(true);
-    table->horizontalHeader()->setMinimumSectionSize(1);
-    connect(table, &QTableWidget::pressed, this, &PositionsPage::onTableWidgetPositions_pressed);
-    connect(table, &QTableWidget::doubleClicked, this,
+    connect(tableWidgetPositions, &QTableWidget::pressed, this,
+            &PositionsPage::onTableWidgetPositions_pressed);
+    connect(tableWidgetPositions, &QTableWidget::doubleClicked, this,
             &PositionsPage::onTableWidgetPositions_doubleClicked);
-    followSectionSizes();
-}
-
-void PositionsPage::writeHeaderTexts()
-{
-    for (int column = 0; column < PositionsColumnCount; ++column) {
-        auto *item
-            = new QTableWidgetItem(column == NumberColumn ? QString() : tr(headings[column]));
-        item->setTextAlignment(alignments[column] | Qt::AlignVCenter);
-        tableWidgetPositions->setHorizontalHeaderItem(column, item);
-    }
-}
-
-void PositionsPage::setSong(const SongPtr &newSong)
-{
-    song = newSong;
-    tableWidgetPositions->clearSelection();
-    tableWidgetPositions->setRowCount(song ? song->getPositions().count() : 0);
-}
-
-int PositionsPage::rowCount() const
-{
-    return tableWidgetPositions->rowCount();
-}
-
-void PositionsPage::setColumnShown(PositionsColumn column, bool shown)
-{
-    wanted[column] = shown;
-    tableWidgetPositions->setColumnHidden(column, !shownColumns()[column]);
-}
-
-ShownColumns PositionsPage::shownColumns() const
-{
-    ShownColumns shown = wanted;
-    shown[BeatsColumn] = wanted[BeatsColumn] && !(song && song->getBpm().toInt() == 0);
-    return shown;
-}
-
-void PositionsPage::refreshPositionsWindow()
-{
-    if (!song) {
-        tableWidgetPositions->setRowCount(0);
-        return;
-    }
-    QTableWidget *table = tableWidgetPositions;
-    // The widths set below must not start another rebuild.
-    disconnect(sectionConnection);
-    const int bpm = song->getBpm().toInt();
-    const int durationMs = song->getPlayLength() * 1000;
-    const ShownColumns shown = shownColumns();
-    table->setUpdatesEnabled(false);
-    table->setRowCount(song->getPositions().count());
-    table->setColumnHidden(BeatsColumn, !shown[BeatsColumn]);
-
-    QFont font = table->font();
-    font.setPointSizeF(measuringSize);
-    const PositionsExtent extent
-        = positionsExtent(song->getPositions(), bpm, durationMs, shown,
-                          [&font](const QString &text) { return singleLineWidth(font, text); });
-    const FittedFont fitted = chooseFont(extent, shown);
-    font.setPointSize(fitted.pointSize);
-    fillTable(shown, font, fitted.rowHeight);
-
-    table->hide();
-    setColumnWidths(extent, font);
-    table->setUpdatesEnabled(true);
-    table->show();
-    table->resizeRowsToContents();
-    if (player->isPlaying())
-        player->refreshActivePart();
-    scrollToCurrentPosition();
-    followSectionSizes();
+    connect(tableWidgetPositions, &QWidget::customContextMenuRequested, this,
+            &PositionsPage::onTableWidgetPositions_customContextMenuRequested);
 }
 
 void PositionsPage::followSectionSizes()
@@ -156,94 +48,80 @@ void PositionsPage::followSectionSizes()
                   &PositionsPage::refreshPositionsWindow);
 }
 
-FittedFont PositionsPage::chooseFont(const PositionsExtent &extent, const ShownColumns &shown) const
+void PositionsPage::setSong(const SongPtr &newSong)
 {
-    QString widest;
-    for (const QString &text : extent.widest)
-        widest += text;
-    const auto sized = [this](int pointSize) {
-        QFont font = tableWidgetPositions->font();
-        font.setPointSize(pointSize);
-        return font;
-    };
-    const FontMeasures measures{
-        [&](int pointSize) { return singleLineWidth(sized(pointSize), widest); },
-        [&](int pointSize) { return QFontMetrics(sized(pointSize)).height(); }};
-    const QHeaderView *header = tableWidgetPositions->horizontalHeader();
-    const int shownCount = static_cast<int>(std::count(shown.begin(), shown.end(), true));
-    return fittedFont({.width = header->width(),
-                       .height = tableWidgetPositions->height() - header->height(),
-                       .padding = shownCount * columnPadding,
-                       .lines = extent.lines,
-                       .maxFont = maxFontSize,
-                       .wholeText = !fullWidth},
-                      measures);
+    song = newSong;
+    tableWidgetPositions->clearSelection();
+    tableWidgetPositions->setRowCount(song ? song->getPositions().count() : 0);
+    Q_EMIT markedRowChanged();
 }
 
-void PositionsPage::fillTable(const ShownColumns &shown, const QFont &font, int rowHeight)
+void PositionsPage::setContextMenuActions(const QList<QAction *> &play,
+                                          const QList<QAction *> &other)
 {
-    const SongPositions &positions = song->getPositions();
-    const int bpm = song->getBpm().toInt();
-    for (int row = 0; row < positions.count(); ++row) {
-        fillRow(row, positionsRow(positions, row, bpm, song->getPlayLength() * 1000), shown, font);
-        tableWidgetPositions->setRowHeight(row, rowHeight);
+    playActions = play;
+    otherActions = other;
+}
+
+int PositionsPage::rowCount() const
+{
+    return tableWidgetPositions->rowCount();
+}
+
+bool PositionsPage::hasMarkedRow() const
+{
+    return tableWidgetPositions->selectionModel()->hasSelection();
+}
+
+bool PositionsPage::beatsAreKnown() const
+{
+    return !song || song->getBpm().toInt() != 0;
+}
+
+// The header is in the middle of its own change then: the rebuild comes when its last section
+// has taken up the change.
+void PositionsPage::setColumnShown(PositionsColumn column, bool shown)
+{
+    disconnect(sectionConnection);
+    look.shown[column] = shown;
+    tableWidgetPositions->setColumnHidden(column,
+                                          !shown || (column == BeatsColumn && !beatsAreKnown()));
+    followSectionSizes();
+}
+
+void PositionsPage::toggleColumn(PositionsColumn column)
+{
+    setColumnShown(column, !look.shown[column]);
+}
+
+void PositionsPage::refreshPositionsWindow()
+{
+    if (!song || startingUp) {
+        tableWidgetPositions->setRowCount(0);
+        Q_EMIT emptied();
+        return;
     }
+    // The widths set below must not start another rebuild.
+    disconnect(sectionConnection);
+    PositionsTable::Look now = look;
+    now.shown[BeatsColumn] = look.shown[BeatsColumn] && beatsAreKnown();
+    tableWidgetPositions->fill(*song, now);
+    rebuiltSize = tableWidgetPositions->size();
+    if (player->isPlaying())
+        player->refreshActivePart();
+    scrollToCurrentPosition();
+    Q_EMIT rebuilt();
+    Q_EMIT markedRowChanged();
+    followSectionSizes();
 }
 
-void PositionsPage::fillRow(int row, const PositionsRow &texts, const ShownColumns &shown,
-                            const QFont &font)
+void PositionsPage::enter()
 {
-    static const QString section = QStringLiteral("QHeaderView::section");
-    for (int column = 0; column < PositionsColumnCount; ++column) {
-        const auto index = static_cast<std::size_t>(column);
-        if (!shown[index]) {
-            delete tableWidgetPositions->takeItem(row, column);
-            continue;
-        }
-        auto *item = new QTableWidgetItem(texts[index]);
-        item->setFont(font);
-        item->setTextAlignment(verticalAlignment | alignments[column]);
-        if (column == NumberColumn) {
-            item->setForeground(Qt::white);
-            item->setBackground(QColor(styleSheetColor(section)));
-        }
-        tableWidgetPositions->setItem(row, column, item);
-    }
-}
-
-void PositionsPage::setColumnWidths(const PositionsExtent &extent, const QFont &font)
-{
-    std::array<int, PositionsColumnCount> widths{};
-    std::transform(
-        extent.widest.begin(), extent.widest.end(), widths.begin(),
-        [&font](const QString &text) { return singleLineWidth(font, text) + columnPadding; });
-    // What the cells leave over goes to headings that are wider than their column.
-    int spare = tableWidgetPositions->horizontalHeader()->width()
-                - std::accumulate(widths.begin(), widths.end(), 0);
-    for (int column = 0; column < PositionsColumnCount; ++column) {
-        int &width = widths[static_cast<std::size_t>(column)];
-        const int more = std::clamp(fitHeading(column, width) - width, 0, std::max(spare, 0));
-        spare -= more;
-        width += more;
-        tableWidgetPositions->setColumnWidth(column, width);
-    }
-}
-
-// A heading that is wider than its column gets smaller, to a size that can still be read; the
-// answer is the width that it needs then.
-int PositionsPage::fitHeading(int column, int columnWidth)
-{
-    constexpr int margins = 16; // pixels at both sides of a heading
-    constexpr int smallest = 8; // points
-    QTableWidgetItem *heading = tableWidgetPositions->horizontalHeaderItem(column);
-    if (heading->text().isEmpty())
-        return 0;
-    QFont font = tableWidgetPositions->horizontalHeader()->font();
-    while (font.pointSize() > smallest
-           && singleLineWidth(font, heading->text()) + margins > columnWidth)
-        font.setPointSize(font.pointSize() - 1);
-    heading->setFont(font);
-    return singleLineWidth(font, heading->text()) + margins;
+    refreshPositionsWindow();
+    QCoreApplication::processEvents();
+    scrollToCurrentPosition();
+    contextMenuOpen = false;
+    Q_EMIT pressed();
 }
 
 int PositionsPage::selectedPositionsRow() const
@@ -269,6 +147,14 @@ void PositionsPage::selectPositionsRow(int rowNum, bool scrollToCenter)
             tableWidgetPositions->scrollToItem(item, QAbstractItemView::PositionAtCenter);
         first = false;
     }
+    closeContextMenu();
+}
+
+// Whatever brings the menu's state to its end may have changed the marked row too.
+void PositionsPage::closeContextMenu()
+{
+    contextMenuOpen = false;
+    Q_EMIT markedRowChanged();
 }
 
 void PositionsPage::goToRow(int row)
@@ -280,9 +166,10 @@ void PositionsPage::goToRow(int row)
 
 void PositionsPage::on_partChanged(int currentPart)
 {
-    tableWidgetPositions->clearSelection();
     if (currentPart > -1)
-        goToRow(currentPart);
+        return goToRow(currentPart);
+    tableWidgetPositions->clearSelection();
+    Q_EMIT markedRowChanged();
 }
 
 void PositionsPage::scrollDownPositions(int n)
@@ -317,29 +204,88 @@ void PositionsPage::scrollToCurrentPosition()
         tableWidgetPositions->scrollToTop();
 }
 
+void PositionsPage::playLoop()
+{
+    const int row = selectedPositionsRow();
+    if (row >= 0)
+        Q_EMIT loopRequested(row);
+}
+
+void PositionsPage::popupMenuPlay()
+{
+    contextMenuOpen = false;
+    onTableWidgetPositions_doubleClicked(contextMenuIndex);
+}
+
+void PositionsPage::popupMenuPlayLoop()
+{
+    contextMenuOpen = false;
+    Q_EMIT loopRequested(contextMenuIndex.row());
+}
+
 void PositionsPage::onTableWidgetPositions_pressed(const QModelIndex &index)
 {
     selectPositionsRow(index.row(), false);
     if (index.column() == NumberColumn)
-        Q_EMIT startRequested(index.row());
-    Q_EMIT pressed();
+        onTableWidgetPositions_doubleClicked(index);
+    else
+        Q_EMIT pressed();
 }
 
 void PositionsPage::onTableWidgetPositions_doubleClicked(const QModelIndex &index)
 {
+    if (!song)
+        return;
     Q_EMIT startRequested(index.row());
+    Q_EMIT pressed();
+}
+
+void PositionsPage::onTableWidgetPositions_customContextMenuRequested(const QPoint &pos)
+{
+    if (contextMenuOpen || !song) {
+        contextMenuOpen = false;
+        Q_EMIT pressed();
+        return;
+    }
+    contextMenuIndex = tableWidgetPositions->indexAt(pos);
+    popUpMenu(pos);
+    contextMenuOpen = true;
+    Q_EMIT markedRowChanged();
+    Q_EMIT pressed();
+}
+
+void PositionsPage::popUpMenu(const QPoint &pos)
+{
+    QWidget *origin = menuOrigin ? menuOrigin.data() : tableWidgetPositions->viewport();
+    auto *menu = new QMenu(origin);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    const auto add = [menu](const QList<QAction *> &actions) {
+        for (QAction *action : actions) {
+            if (action)
+                menu->addAction(action);
+            else
+                menu->addSeparator();
+        }
+    };
+    if (song->getPositions().count() > 0) {
+        add(playActions);
+        menu->addSeparator();
+    }
+    add(otherActions);
+    menu->popup(origin->mapToGlobal(pos));
 }
 
 void PositionsPage::changeEvent(QEvent *event)
 {
     if (event->type() == QEvent::LanguageChange)
-        writeHeaderTexts();
+        tableWidgetPositions->writeHeaderTexts();
     QWidget::changeEvent(event);
 }
 
+// A change of the width reaches the last section first, and the page is rebuilt by then.
 void PositionsPage::resizeEvent(QResizeEvent *event)
 {
     QWidget::resizeEvent(event);
-    if (isVisible())
+    if (isVisible() && rebuiltSize != tableWidgetPositions->size())
         refreshPositionsWindow();
 }

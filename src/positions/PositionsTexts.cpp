@@ -28,34 +28,31 @@ PositionsRow positionsRow(const SongPositions &positions, int row, int bpm, int 
             beatsText(positions, row, bpm, durationMs), position.getSteps()};
 }
 
-QString widestLine(const QString &text, const TextWidth &width)
+WidestLine widestLine(const QString &text, const TextWidth &width)
 {
-    QString widest;
-    int most = -1;
+    WidestLine widest;
     for (const QString &line : text.split(QLatin1Char('\n'), Qt::SkipEmptyParts)) {
         const int lineWidth = width(line);
-        if (lineWidth > most) {
-            most = lineWidth;
-            widest = line;
-        }
+        if (lineWidth > widest.width || widest.line.isEmpty())
+            widest = {line, lineWidth};
     }
     return widest;
 }
 
-PositionsExtent positionsExtent(const SongPositions &positions, int bpm, int durationMs,
-                                const ShownColumns &shown, const TextWidth &width)
+PositionsExtent positionsExtent(const QList<PositionsRow> &rows, const ShownColumns &shown,
+                                const TextWidth &width)
 {
     PositionsExtent extent;
-    extent.lines = positions.count();
+    extent.lines = static_cast<int>(rows.size());
     std::array<int, PositionsColumnCount> widths{};
-    for (int row = 0; row < positions.count(); ++row) {
-        const PositionsRow texts = positionsRow(positions, row, bpm, durationMs);
+    for (const PositionsRow &texts : rows) {
         for (std::size_t column = 0; column < texts.size(); ++column) {
-            const QString line = shown[column] ? widestLine(texts[column], width) : QString();
-            const int lineWidth = width(line);
-            if (lineWidth > widths[column]) {
-                widths[column] = lineWidth;
-                extent.widest[column] = line;
+            if (!shown[column])
+                continue;
+            const WidestLine line = widestLine(texts[column], width);
+            if (line.width > widths[column]) {
+                widths[column] = line.width;
+                extent.widest[column] = line.line;
             }
         }
         extent.lines += static_cast<int>(texts[StepsColumn].count(QLatin1Char('\n')));

@@ -30,8 +30,14 @@ PositionsRow positionsRow(const SongPositions &positions, int row, int bpm, int 
 
 using TextWidth = std::function<int(const QString &text)>;
 
+struct WidestLine
+{
+    QString line;
+    int width = 0; // pixels
+};
+
 // The line of a text that is widest; of several the first.
-QString widestLine(const QString &text, const TextWidth &width);
+WidestLine widestLine(const QString &text, const TextWidth &width);
 
 // What the size search needs to know of a whole table.
 struct PositionsExtent
@@ -39,5 +45,5 @@ struct PositionsExtent
     PositionsRow widest; // the widest text of each shown column
     int lines = 0;       // rows plus the line feeds in their steps; parts don't count
 };
-PositionsExtent positionsExtent(const SongPositions &positions, int bpm, int durationMs,
-                                const ShownColumns &shown, const TextWidth &width);
+PositionsExtent positionsExtent(const QList<PositionsRow> &rows, const ShownColumns &shown,
+                                const TextWidth &width);

@@ -1,22 +1,16 @@
-#include "Player.h"
-#include "PositionsPage.h"
-#include "TestMain.h"
-#include "Theme.h"
+#include "PositionsFixture.h"
 
-#include <QApplication>
-#include <QHeaderView>
 #include <QScrollBar>
 #include <QSignalSpy>
-#include <QTableWidget>
 
-class TestPositionsPage : public QObject
+class TestPositionsPage : public PositionsFixture
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
-    void init();
-    void cleanup();
+    void initTestCase() { useTheme(QStringLiteral("Dark Night")); }
+    void init() { showPage(); }
+    void cleanup() { dropPage(); }
 
     void cellsHoldTheirTexts();
     void rowNumberLooksLikeAHeader();
@@ -41,62 +35,25 @@ private Q_SLOTS:
     void pressingTheNumberStartsThePart();
     void doubleClickStartsThePart();
     void resizingChoosesTheFontAnew();
+    void resizingRebuildsThePageOnce_data();
+    void resizingRebuildsThePageOnce();
     void resizingAColumnRebuildsThePage();
+    void aRebuildStartsNoOther();
+    void togglingAColumn_data();
+    void togglingAColumn();
+    void beatsOfASongWithoutBpmStayAway();
+    void startingUpEmptiesThePage();
+    void newSongsRowsAreThereAtOnce();
+    void actionsHearOfTheMark();
+    void rebuildTellsTheEditorFirst();
+    void playingPartIsMarkedByARebuild();
+    void enteringShowsTheMarkedRow();
+    void oneMarkedCellIsScrolledTo();
+    void nothingMarkedScrollsToTheTop();
 
 private:
-    QTableWidget *table() const { return page->findChild<QTableWidget *>(); }
-    QString text(int row, int column) const { return table()->item(row, column)->text(); }
-    static SongPtr songWith(int positions, const QString &steps, int bpm = 120);
-    void show(const SongPtr &song);
-    QPoint cell(int row, int column) const;
     QList<int> markedColumns(int row) const;
-
-    std::unique_ptr<Player> player;
-    std::unique_ptr<PositionsPage> page;
 };
-
-void TestPositionsPage::initTestCase()
-{
-    const Theme &theme = themeNamed(QStringLiteral("Dark Night"));
-    qApp->setPalette(theme.palette);
-    qApp->setStyleSheet(filledStyleSheet(styleSheetText(theme), {}));
-}
-
-void TestPositionsPage::init()
-{
-    player = std::make_unique<Player>();
-    page = std::make_unique<PositionsPage>(player.get());
-    page->resize(1000, 600);
-    page->show();
-    QVERIFY(QTest::qWaitForWindowExposed(page.get()));
-}
-
-void TestPositionsPage::cleanup()
-{
-    page.reset();
-    player.reset();
-}
-
-SongPtr TestPositionsPage::songWith(int positions, const QString &steps, int bpm)
-{
-    const auto song = SongPtr::create(QStringLiteral("/none.mp3"), true);
-    song->setPlayLength(180);
-    song->setBpm(QString::number(bpm));
-    for (int i = 0; i < positions; ++i)
-        song->getPositions().insert(i, {i * 4000, QStringLiteral("Part %1").arg(i), steps});
-    return song;
-}
-
-void TestPositionsPage::show(const SongPtr &song)
-{
-    page->setSong(song);
-    page->refreshPositionsWindow();
-}
-
-QPoint TestPositionsPage::cell(int row, int column) const
-{
-    return table()->visualItemRect(table()->item(row, column)).center();
-}
 
 QList<int> TestPositionsPage::markedColumns(int row) const
 {
@@ -194,9 +151,9 @@ void TestPositionsPage::longTextsGetASmallerFont()
 {
     page->setFullWidth(true);
     show(songWith(2, QStringLiteral("Triple")));
-    const int large = table()->item(0, StepsColumn)->font().pointSize();
+    const int large = stepsFont().pointSize();
     show(songWith(2, QStringLiteral("Triple, Basic, Rocking Chair, Turkey, Cowboy, Fontana")));
-    const int small = table()->item(0, StepsColumn)->font().pointSize();
+    const int small = stepsFont().pointSize();
     QVERIFY2(small < large, qPrintable(QStringLiteral("%1 %2").arg(small).arg(large)));
     QVERIFY(small >= 8);
     int width = 0;
@@ -227,10 +184,10 @@ void TestPositionsPage::fontNeverGrowsAboveItsMaximum()
     page->setFullWidth(true);
     page->setMaxFontSize(20);
     show(songWith(1, QStringLiteral("x")));
-    QCOMPARE(table()->item(0, StepsColumn)->font().pointSize(), 19);
+    QCOMPARE(stepsFont().pointSize(), 19);
     page->setMaxFontSize(5);
     page->refreshPositionsWindow();
-    QVERIFY(table()->item(0, StepsColumn)->font().pointSize() > 0);
+    QVERIFY(stepsFont().pointSize() > 0);
 }
 
 void TestPositionsPage::alignmentFollowsTheSetting()
@@ -346,9 +303,9 @@ void TestPositionsPage::resizingChoosesTheFontAnew()
 {
     page->setFullWidth(true);
     show(songWith(3, QStringLiteral("Triple, Basic, Rocking Chair, Turkey")));
-    const int wide = table()->item(0, StepsColumn)->font().pointSize();
+    const int wide = stepsFont().pointSize();
     page->resize(500, 600);
-    QTRY_VERIFY(table()->item(0, StepsColumn)->font().pointSize() < wide);
+    QTRY_VERIFY(stepsFont().pointSize() < wide);
 }
 
 void TestPositionsPage::resizingAColumnRebuildsThePage()
@@ -359,6 +316,181 @@ void TestPositionsPage::resizingAColumnRebuildsThePage()
     // The rebuild puts the width back to what the text needs.
     QVERIFY(table()->columnWidth(PartColumn) != 300);
     QCOMPARE(text(0, StepsColumn), QStringLiteral("x"));
+}
+
+void TestPositionsPage::resizingRebuildsThePageOnce_data()
+{
+    QTest::addColumn<QSize>("size");
+    QTest::newRow("wider") << QSize(1200, 600);
+    QTest::newRow("higher") << QSize(1000, 700);
+    QTest::newRow("both") << QSize(900, 500);
+}
+
+void TestPositionsPage::resizingRebuildsThePageOnce()
+{
+    QFETCH(QSize, size);
+    show(songWith(3, QStringLiteral("x")));
+    QSignalSpy rebuilt(page.get(), &PositionsPage::rebuilt);
+    page->resize(size);
+    QTRY_COMPARE(table()->size(), size);
+    QCoreApplication::processEvents();
+    QCOMPARE(rebuilt.size(), 1);
+    const QFont chosen = stepsFont();
+    page->refreshPositionsWindow();
+    QCOMPARE(stepsFont(), chosen);
+}
+
+void TestPositionsPage::aRebuildStartsNoOther()
+{
+    show(songWith(3, QStringLiteral("x")));
+    QSignalSpy rebuilt(page.get(), &PositionsPage::rebuilt);
+    show(songWith(30, QStringLiteral("Triple\nBasic")));
+    for (int i = 0; i < 5; ++i)
+        QCoreApplication::processEvents();
+    QCOMPARE(rebuilt.size(), 1);
+}
+
+void TestPositionsPage::togglingAColumn_data()
+{
+    using Toggle = void (PositionsPage::*)();
+    QTest::addColumn<int>("column");
+    QTest::addColumn<Toggle>("toggle");
+    QTest::newRow("parts") << int(PartColumn) << &PositionsPage::togglePartCol;
+    QTest::newRow("beats") << int(BeatsColumn) << &PositionsPage::toggleBeatCol;
+    QTest::newRow("time") << int(TimeColumn) << &PositionsPage::toggleTimeCol;
+}
+
+void TestPositionsPage::togglingAColumn()
+{
+    using Toggle = void (PositionsPage::*)();
+    QFETCH(int, column);
+    QFETCH(Toggle, toggle);
+    show(songWith(3, QStringLiteral("x")));
+    QSignalSpy rebuilt(page.get(), &PositionsPage::rebuilt);
+    const bool hidden = table()->isColumnHidden(column);
+    for (const bool now : {!hidden, hidden, !hidden}) {
+        (page.get()->*toggle)();
+        QCOMPARE(table()->isColumnHidden(column), now);
+        QCOMPARE(rebuilt.size(), 0);
+    }
+    // The other columns make room, and with their widths changes the page.
+    QTRY_VERIFY(rebuilt.size() > 0);
+    for (int i = 0; i < 20; ++i)
+        QCoreApplication::processEvents();
+    QVERIFY(rebuilt.size() <= 2);
+    QCOMPARE(table()->isColumnHidden(column), !hidden);
+    QCOMPARE(table()->item(1, column) != nullptr, hidden);
+}
+
+void TestPositionsPage::beatsOfASongWithoutBpmStayAway()
+{
+    page->setColumnShown(BeatsColumn, false);
+    show(songWith(2, QStringLiteral("x"), 0));
+    page->toggleBeatCol();
+    QVERIFY(table()->isColumnHidden(BeatsColumn));
+    show(songWith(2, QStringLiteral("x"), 120));
+    QVERIFY(!table()->isColumnHidden(BeatsColumn));
+}
+
+void TestPositionsPage::startingUpEmptiesThePage()
+{
+    QSignalSpy emptied(page.get(), &PositionsPage::emptied);
+    page->setSong(songWith(3, QStringLiteral("x")));
+    page->setStartingUp(true);
+    page->refreshPositionsWindow();
+    QCOMPARE(table()->rowCount(), 0);
+    QCOMPARE(emptied.size(), 1);
+    page->setStartingUp(false);
+    page->refreshPositionsWindow();
+    QCOMPARE(table()->rowCount(), 3);
+    QCOMPARE(emptied.size(), 1);
+}
+
+void TestPositionsPage::newSongsRowsAreThereAtOnce()
+{
+    show(songWith(3, QStringLiteral("x")));
+    page->selectPositionsRow(1, false);
+    QSignalSpy rebuilt(page.get(), &PositionsPage::rebuilt);
+    page->setSong(songWith(5, QStringLiteral("y")));
+    QCOMPARE(page->rowCount(), 5);
+    QVERIFY(!page->hasMarkedRow());
+    QCOMPARE(rebuilt.size(), 0);
+}
+
+void TestPositionsPage::actionsHearOfTheMark()
+{
+    show(songWith(3, QStringLiteral("x")));
+    QVERIFY(!page->hasMarkedRow());
+    QList<bool> heard;
+    connect(page.get(), &PositionsPage::markedRowChanged, this,
+            [&] { heard.append(page->hasMarkedRow()); });
+    page->on_partChanged(1);
+    page->on_partChanged(-1);
+    page->scrollDownPositions(1);
+    page->setSong({});
+    QCOMPARE(heard, (QList<bool>{true, false, true, false}));
+}
+
+void TestPositionsPage::rebuildTellsTheEditorFirst()
+{
+    show(songWith(3, QStringLiteral("x")));
+    // The editor's row is marked before the actions are adapted.
+    connect(page.get(), &PositionsPage::rebuilt, this,
+            [this] { page->selectPositionsRow(2, true); });
+    QList<int> heard;
+    connect(page.get(), &PositionsPage::markedRowChanged, this,
+            [&] { heard.append(page->selectedPositionsRow()); });
+    page->refreshPositionsWindow();
+    QCOMPARE(heard.constLast(), 2);
+}
+
+// Without an output the player can't play: its part is what the window tells.
+void TestPositionsPage::playingPartIsMarkedByARebuild()
+{
+    show(songWith(30, QStringLiteral("x")));
+    page->on_partChanged(20);
+    page->setFullWidth(true);
+    page->refreshPositionsWindow();
+    QCOMPARE(page->selectedPositionsRow(), 20);
+    const QRect row = table()->visualItemRect(table()->item(20, StepsColumn));
+    QVERIFY(table()->viewport()->rect().contains(row));
+}
+
+void TestPositionsPage::enteringShowsTheMarkedRow()
+{
+    page->setFullWidth(true);
+    page->setSong(songWith(40, QStringLiteral("x")));
+    page->selectPositionsRow(30, false);
+    QSignalSpy pressed(page.get(), &PositionsPage::pressed);
+    page->enter();
+    QCOMPARE(page->selectedPositionsRow(), -1); // there were no cells to mark yet
+    page->selectPositionsRow(30, false);
+    table()->scrollToTop();
+    page->enter();
+    const QRect row = table()->visualItemRect(table()->item(30, StepsColumn));
+    QVERIFY(table()->viewport()->rect().intersects(row));
+    QCOMPARE(pressed.size(), 2);
+}
+
+void TestPositionsPage::oneMarkedCellIsScrolledTo()
+{
+    page->setFullWidth(true);
+    show(songWith(40, QStringLiteral("x")));
+    table()->item(35, PartColumn)->setSelected(true);
+    page->scrollToCurrentPosition();
+    const QRect marked = table()->visualItemRect(table()->item(35, PartColumn));
+    QVERIFY(table()->viewport()->rect().contains(marked));
+    // Seen, not in the middle.
+    QVERIFY(marked.center().y() > table()->viewport()->height() * 2 / 3);
+}
+
+void TestPositionsPage::nothingMarkedScrollsToTheTop()
+{
+    page->setFullWidth(true);
+    show(songWith(40, QStringLiteral("x")));
+    table()->scrollToBottom();
+    page->scrollToCurrentPosition();
+    QCOMPARE(table()->verticalScrollBar()->value(), 0);
 }
 
 TARVELO_TEST_MAIN(TestPositionsPage, QApplication)

@@ -28,6 +28,15 @@ SongPositions positionsOf(const QList<Position> &list)
     return positions;
 }
 
+// Their rows, in a song of 500 seconds with 120 beats a minute.
+QList<PositionsRow> rowsOf(const SongPositions &positions)
+{
+    QList<PositionsRow> rows;
+    for (int row = 0; row < positions.count(); ++row)
+        rows.append(positionsRow(positions, row, 120, 500000));
+    return rows;
+}
+
 const ShownColumns allShown{true, true, true, true, true};
 
 QString unchanged(const QString &text)
@@ -202,7 +211,9 @@ void TestPositionsRules::widestLine_data()
 void TestPositionsRules::widestLine()
 {
     QFETCH(QString, text);
-    QTEST(::widestLine(text, characters), "line");
+    const WidestLine widest = ::widestLine(text, characters);
+    QTEST(widest.line, "line");
+    QCOMPARE(widest.width, characters(widest.line));
 }
 
 void TestPositionsRules::extentTakesTheWidestTextOfEachColumn()
@@ -211,7 +222,7 @@ void TestPositionsRules::extentTakesTheWidestTextOfEachColumn()
         = positionsOf({{0, QStringLiteral("Intro"), QStringLiteral("a")},
                        {1000, QStringLiteral("B"), QStringLiteral("Rocking Chair")},
                        {2000, QStringLiteral("Outro"), QStringLiteral("Cowboy, Turkey")}});
-    const PositionsExtent extent = positionsExtent(positions, 120, 500000, allShown, characters);
+    const PositionsExtent extent = positionsExtent(rowsOf(positions), allShown, characters);
     QCOMPARE(extent.widest[NumberColumn], QStringLiteral("1 "));
     QCOMPARE(extent.widest[PartColumn], QStringLiteral("Intro"));
     QCOMPARE(extent.widest[BeatsColumn], QStringLiteral("996 "));
@@ -222,7 +233,7 @@ void TestPositionsRules::extentLeavesHiddenColumnsOut()
 {
     const SongPositions positions = positionsOf({{0, QStringLiteral("Intro"), {}}});
     const ShownColumns shown{true, false, false, true, true};
-    const PositionsExtent extent = positionsExtent(positions, 120, 1000, shown, characters);
+    const PositionsExtent extent = positionsExtent(rowsOf(positions), shown, characters);
     QVERIFY(extent.widest[PartColumn].isEmpty());
     QVERIFY(extent.widest[TimeColumn].isEmpty());
     QVERIFY(!extent.widest[BeatsColumn].isEmpty());
@@ -232,7 +243,7 @@ void TestPositionsRules::linesCountStepsAlone()
 {
     const SongPositions positions
         = positionsOf({{0, QStringLiteral("A\nB"), QStringLiteral("1\n2\n3")}, {1, {}, {}}});
-    QCOMPARE(positionsExtent(positions, 0, 0, allShown, characters).lines, 4);
+    QCOMPARE(positionsExtent(rowsOf(positions), allShown, characters).lines, 4);
 }
 
 void TestPositionsRules::headerTexts()
