@@ -11,7 +11,7 @@ set(TARVELO_EDGES_library "songdata;playlists")
 set(TARVELO_EDGES_player "songdata;pcm;PkgConfig::SoundTouch;PkgConfig::Pulse")
 set(TARVELO_EDGES_libraryui "library;ui")
 set(TARVELO_EDGES_positions "songdata;player;ui")
-set(TARVELO_EDGES_dialogs "songdata;library;player;ui")
+set(TARVELO_EDGES_dialogs "songdata;library;player;ui;PkgConfig::Xcb")
 set(TARVELO_EDGES_shell
     "base;ui;pcm;songdata;playlists;library;player;libraryui;positions;dialogs;Qt6::Widgets")
 

@@ -1,0 +1,6 @@
+#include "Compositing.h"
+
+bool Compositing::isOn()
+{
+    return true;
+}
