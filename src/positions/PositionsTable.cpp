@@ -7,6 +7,7 @@
 
 #include <QCoreApplication>
 #include <QHeaderView>
+#include <QKeySequence>
 
 #include <algorithm>
 #include <numeric>
@@ -45,6 +46,17 @@ QList<PositionsRow> rowsOf(const Song &song)
     for (int row = 0; row < positions.count(); ++row)
         rows.append(positionsRow(positions, row, bpm, song.getPlayLength() * 1000));
     return rows;
+}
+
+// The keys that play a row: the digits, and with Ctrl the next ten.
+QString rowTip(int row)
+{
+    const QString tip = QCoreApplication::translate("PositionsPage", "Ab hier abspielen");
+    if (row >= 20)
+        return tip;
+    const int digit = Qt::Key_0 + (row + 1) % 10;
+    const QKeySequence key(row < 10 ? digit : Qt::CTRL | digit);
+    return tip + QStringLiteral("      ") + key.toString(QKeySequence::NativeText);
 }
 
 } // namespace
@@ -89,6 +101,7 @@ void PositionsTable::writeHeaderTexts()
                                   | Qt::AlignVCenter);
         setHorizontalHeaderItem(column, heading);
     }
+    setAccessibleName(horizontalHeaderItem(StepsColumn)->text());
 }
 
 void PositionsTable::fill(const Song &song, const Look &look)
@@ -156,6 +169,7 @@ void PositionsTable::fillRow(int row, const PositionsRow &texts, const Look &loo
     QTableWidgetItem *number = item(row, NumberColumn);
     number->setForeground(Qt::white);
     number->setBackground(numberGround);
+    number->setToolTip(rowTip(row));
 }
 
 void PositionsTable::setCell(int row, int column, const QString &text, const QFont &font,

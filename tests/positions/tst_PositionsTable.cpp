@@ -62,6 +62,8 @@ private Q_SLOTS:
     void aFilledTableIsNoOtherThanANewOne();
     void numberIsAButton_data();
     void numberIsAButton();
+    void numberTellsItsKey_data();
+    void numberTellsItsKey();
     void pressedNumberLooksPressed();
     void markReachesFromThePartToTheEdge();
     void noLinesBetweenRows();
@@ -256,6 +258,26 @@ void TestPositionsTable::numberIsAButton()
     QCOMPARE(image.pixelColor(number.left() + 4, number.center().y()),
              table()->item(1, NumberColumn)->background().color());
     useTheme(QStringLiteral("Dark Night"));
+}
+
+void TestPositionsTable::numberTellsItsKey_data()
+{
+    QTest::addColumn<int>("row");
+    QTest::addColumn<QString>("tip");
+    QTest::newRow("first") << 0 << "Ab hier abspielen      1";
+    QTest::newRow("tenth") << 9 << "Ab hier abspielen      0";
+    QTest::newRow("eleventh") << 10 << "Ab hier abspielen      Ctrl+1";
+    QTest::newRow("twentieth") << 19 << "Ab hier abspielen      Ctrl+0";
+    QTest::newRow("without a key") << 20 << "Ab hier abspielen";
+}
+
+void TestPositionsTable::numberTellsItsKey()
+{
+    QFETCH(int, row);
+    show(songWith(21, QStringLiteral("x")));
+    QTEST(table()->item(row, NumberColumn)->toolTip(), "tip");
+    QVERIFY(table()->item(row, StepsColumn)->toolTip().isEmpty());
+    QCOMPARE(table()->accessibleName(), QStringLiteral("Positionen"));
 }
 
 void TestPositionsTable::pressNumber(bool down)
