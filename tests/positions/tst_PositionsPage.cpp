@@ -47,6 +47,7 @@ private Q_SLOTS:
     void actionsHearOfTheMark();
     void rebuildTellsTheEditorFirst();
     void playingPartIsMarkedByARebuild();
+    void markIsInViewAfterARebuild();
     void enteringShowsTheMarkedRow();
     void oneMarkedCellIsScrolledTo();
     void nothingMarkedScrollsToTheTop();
@@ -444,8 +445,34 @@ void TestPositionsPage::rebuildTellsTheEditorFirst()
     QCOMPARE(heard.constLast(), 2);
 }
 
-// Without an output the player can't play: its part is what the window tells.
+// A lead-in of minutes plays without an output, in a part that begins before it.
 void TestPositionsPage::playingPartIsMarkedByARebuild()
+{
+    const SongPtr song = songWith(3, QStringLiteral("x"));
+    song->getPositions().at(0).setTime(-600000);
+    CountDownItem *item = song->getCountDowns().addNew();
+    item->setIgnition(100);
+    item->setCountStart(600);
+    item->setEnabled(true);
+    connect(player.get(), &Player::notifyActivePartChanged, page.get(),
+            &PositionsPage::on_partChanged);
+    player->setSong(song);
+    show(song);
+    QCOMPARE(page->selectedPositionsRow(), -1);
+    player->start();
+    QVERIFY(player->isPlaying());
+    page->refreshPositionsWindow();
+    QTRY_COMPARE(page->selectedPositionsRow(), 0);
+    page->selectPositionsRow(2, false);
+    page->refreshPositionsWindow();
+    QCOMPARE(page->selectedPositionsRow(), 0);
+    player->stop();
+    page->selectPositionsRow(2, false);
+    page->refreshPositionsWindow();
+    QCOMPARE(page->selectedPositionsRow(), 2);
+}
+
+void TestPositionsPage::markIsInViewAfterARebuild()
 {
     show(songWith(30, QStringLiteral("x")));
     page->on_partChanged(20);
