@@ -50,6 +50,7 @@ private Q_SLOTS:
     void firstWindowHasAPlaceOfItsOwn();
     void overlaySavesNoGeometry();
     void closedByItsUserStaysClosed();
+    void closedWindowSavesNothingMore();
 
     void numberFades();
     void numberIsWholeAtOnce();
@@ -330,6 +331,17 @@ void TestCountDownDisplays::closedByItsUserStaysClosed()
     count(9, window);
     QVERIFY(display()->isVisible());
     QCOMPARE(display()->geometry(), QRect(120, 90, 333, 222));
+}
+
+// A place that was reset meanwhile stays reset.
+void TestCountDownDisplays::closedWindowSavesNothingMore()
+{
+    count(9, window);
+    display()->close();
+    QVERIFY(Settings::contains(geometryKey));
+    Settings::remove(geometryKey);
+    owner->showCountDown({});
+    QVERIFY(!Settings::contains(geometryKey));
 }
 
 void TestCountDownDisplays::numberFades()
