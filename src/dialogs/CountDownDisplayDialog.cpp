@@ -195,8 +195,7 @@ void CountDownDisplayDialog::resizeEvent(QResizeEvent *event)
 
 void CountDownDisplayDialog::closeEvent(QCloseEvent *event)
 {
-    // One that the user has closed keeps the place that it had then.
-    if (!overlay && isVisible())
+    if (!overlay)
         Settings::setValue(Settings::Key::CountDownDisplayWindowGeometry, saveGeometry());
     QWidget::closeEvent(event);
 }
