@@ -1,140 +1,278 @@
 #include "SongListTableModel.h"
 
-#include "Level.h"
+#include "Settings.h"
 #include "SongManager.h"
-#include "TimeTexts.h"
 
-#include <QFileInfo>
-#include <QLocale>
+#include <QColor>
+#include <QDataStream>
+#include <QFont>
+#include <QMimeData>
+#include <QUrl>
+#include <QtDebug>
+
+#include <algorithm>
+#include <set>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr const char *headings[SongListTableModel::ColumnCount] = {
-    QT_TRANSLATE_NOOP("SongListTableModel", "Titel"),
-    QT_TRANSLATE_NOOP("SongListTableModel", "Künstler"),
-    QT_TRANSLATE_NOOP("SongListTableModel", "Level"),
-    QT_TRANSLATE_NOOP("SongListTableModel", "BPM"),
-    QT_TRANSLATE_NOOP("SongListTableModel", "Länge"),
-    QT_TRANSLATE_NOOP("SongListTableModel", "Choreograf"),
-    QT_TRANSLATE_NOOP("SongListTableModel", "Letztes Tempo"),
-};
+const QString songsFormat = u"application/tarvelo.plitem"_s;
+const QString urlsFormat = u"text/uri-list"_s;
 
-bool isNumber(int column)
+qint32 lastModelId = 0;
+QStringList dirList;
+QString highIntermediateName;
+
+Qt::Alignment alignment(const SongColumnRow &column)
 {
-    return column == SongListTableModel::BpmColumn || column == SongListTableModel::LengthColumn
-           || column == SongListTableModel::TempoColumn;
+    if (column.column == YearColumn || column.type == QMetaType::Bool)
+        return Qt::AlignCenter;
+    return Qt::AlignVCenter | (column.type == QMetaType::QString ? Qt::AlignLeft : Qt::AlignRight);
 }
 
-QVariant alignment(int column)
+Qt::Alignment headingAlignment(const SongColumnRow &column)
 {
-    return QVariant::fromValue(Qt::AlignVCenter
-                               | (isNumber(column) ? Qt::AlignRight : Qt::AlignLeft));
+    if (column.type == QMetaType::QDateTime)
+        return Qt::AlignCenter;
+    if (column.type == QMetaType::Bool)
+        return Qt::AlignLeft | Qt::AlignVCenter;
+    return alignment(column);
 }
 
-QVariant number(const Song &song, int column)
+QFont headingFont()
 {
-    switch (column) {
-    case SongListTableModel::BpmColumn:
-        return song.getBpm().toInt();
-    case SongListTableModel::LengthColumn:
-        return song.getPlayLength();
-    default:
-        return song.getTempo();
-    }
-}
-
-// A song without a title still has to be told from the others.
-QString titleText(const Song &song)
-{
-    return song.getTitle().isEmpty() ? QFileInfo(song.getFilename()).fileName() : song.getTitle();
-}
-
-QString bpmText(const Song &song)
-{
-    const int bpm = song.getBpm().toInt();
-    return bpm == 0 ? QString() : QString::number(bpm);
-}
-
-QString tempoText(const Song &song)
-{
-    if (song.isMissingFile())
-        return {};
-    const QString text = QLocale().toString(song.getTempo(), 'f', 1);
-    return song.getTempo() > 0 ? QLatin1Char('+') + text : text;
+    QFont font;
+    font.setWeight(QFont::Bold);
+    return font;
 }
 
 } // namespace
 
-SongListTableModel::SongListTableModel(const SongManager *songManager, QObject *parent)
+// A change of all rows: announced at its beginning, the songs fetched and told at its end. What the
+// library tells meanwhile, as a consequence, is part of it.
+class SongListTableModel::Change
+{
+    Q_DISABLE_COPY_MOVE(Change)
+
+public:
+    explicit Change(SongListTableModel *model)
+        : changed(model)
+    {
+        if (changed->changing++ == 0)
+            changed->beginResetModel();
+    }
+    ~Change()
+    {
+        if (--changed->changing > 0)
+            return;
+        changed->fetchSongs();
+        changed->endResetModel();
+        Q_EMIT changed->notifyModelChanged();
+    }
+
+private:
+    SongListTableModel *changed;
+};
+
+SongListTableModel::SongListTableModel(SongManager *songManager, QObject *parent)
     : QAbstractTableModel(parent)
-    , manager(songManager)
+    , modelId(++lastModelId)
 {
     connect(songManager, &SongManager::notifyListsChanged, this, &SongListTableModel::refresh);
 }
 
-SongPtr SongListTableModel::song(int row) const
+void SongListTableModel::setPlaylist(const PlaylistPtr &list)
 {
-    return row >= 0 && row < songs.size() ? songs.at(row) : SongPtr();
-}
-
-void SongListTableModel::setHighIntermediateName(const QString &name)
-{
-    highIntermediateName = name;
-    refresh();
+    const Change change(this);
+    playlist = list;
 }
 
 void SongListTableModel::refresh()
 {
-    beginResetModel();
-    songs = manager->getMasterList()->songs();
-    endResetModel();
+    const Change change(this);
+}
+
+void SongListTableModel::fetchSongs()
+{
+    songs = playlist ? playlist->songs() : QList<SongPtr>();
+    musicDir.setPath(Settings::musicDir());
+}
+
+void SongListTableModel::retranslate()
+{
+    Q_EMIT headerDataChanged(Qt::Horizontal, 0, SongColumnCount - 1);
+}
+
+SongPtr SongListTableModel::song(int row) const
+{
+    return row >= 1 ? songs.value(row - 1) : SongPtr();
+}
+
+QString SongListTableModel::filterText(int column) const
+{
+    return songColumn(column) ? filterTexts[static_cast<std::size_t>(column)] : QString();
+}
+
+void SongListTableModel::setFilterText(const QString &text, int column)
+{
+    if (!songColumn(column))
+        return;
+    filterTexts[static_cast<std::size_t>(column)] = text;
+    if (playlist)
+        Q_EMIT dataChanged(index(0, column), index(0, column), {Qt::DisplayRole, Qt::EditRole});
+}
+
+void SongListTableModel::clearFilterTexts()
+{
+    filterTexts.fill(QString());
+    if (playlist)
+        Q_EMIT dataChanged(index(0, 0), index(0, SongColumnCount - 1),
+                           {Qt::DisplayRole, Qt::EditRole});
+}
+
+int SongListTableModel::columnType(int column)
+{
+    const SongColumnRow *found = songColumn(column);
+    return found ? found->type : QMetaType::UnknownType;
+}
+
+bool SongListTableModel::isComboColumn(int column)
+{
+    const SongColumnRow *found = songColumn(column);
+    return found && found->combo;
+}
+
+bool SongListTableModel::isSearchable(int column)
+{
+    const SongColumnRow *found = songColumn(column);
+    return found && found->searchable;
+}
+
+bool SongListTableModel::hasChoiceEntries(int column)
+{
+    return isComboColumn(column) && column != FileDateColumn && column != DirectoryColumn;
+}
+
+void SongListTableModel::setHighIntermediateName(const QString &text)
+{
+    highIntermediateName = text;
+}
+
+const QStringList &SongListTableModel::getDirList()
+{
+    return dirList;
+}
+
+void SongListTableModel::rebuildDirList()
+{
+    musicDir.setPath(Settings::musicDir());
+    dirList.clear();
+    if (!playlist)
+        return;
+    std::set<QString> directories;
+    for (const SongPtr &song : playlist->songManager()->getSongs())
+        directories.insert(songColumn(DirectoryColumn)
+                               ->value(*song, {0, musicDir, highIntermediateName})
+                               .toString());
+    dirList = QStringList(directories.begin(), directories.end());
+}
+
+void SongListTableModel::moveRowsUp(int row, int count)
+{
+    if (!playlist || isMaster() || row < 2 || row - 1 + count > songs.size())
+        return;
+    const bool moves = count > 0 && beginMoveRows({}, row, row + count - 1, {}, row - 1);
+    playlist->moveUp(row - 1, count);
+    fetchSongs();
+    if (moves)
+        endMoveRows();
+    Q_EMIT notifyModelChanged();
+}
+
+void SongListTableModel::moveRowsDown(int row, int count)
+{
+    if (!playlist || isMaster() || row < 1 || row + std::max(count, 1) > songs.size())
+        return;
+    const bool moves = count > 0 && beginMoveRows({}, row, row + count - 1, {}, row + count + 1);
+    playlist->moveDown(row - 1, count);
+    fetchSongs();
+    if (moves)
+        endMoveRows();
+    Q_EMIT notifyModelChanged();
+}
+
+void SongListTableModel::addSongs(const QList<SongPtr> &list)
+{
+    if (!playlist)
+        return;
+    const Change change(this);
+    for (const SongPtr &song : list)
+        playlist->add(song->getFilename());
+}
+
+bool SongListTableModel::removeRows(int row, int, const QModelIndex &parent)
+{
+    if (parent.isValid() || !song(row))
+        return false;
+    if (isMaster()) {
+        // The file may stay, and the library has no order that would outlast a removal.
+        const Change change(this);
+        return playlist->removeEntryAt(row - 1, true);
+    }
+    beginRemoveRows({}, row, row);
+    const bool removed = playlist->removeEntryAt(row - 1, true);
+    fetchSongs();
+    endRemoveRows();
+    Q_EMIT notifyModelChanged();
+    return removed;
 }
 
 int SongListTableModel::rowCount(const QModelIndex &parent) const
 {
-    return parent.isValid() ? 0 : static_cast<int>(songs.size());
+    return parent.isValid() || !playlist ? 0 : static_cast<int>(songs.size()) + 1;
 }
 
 int SongListTableModel::columnCount(const QModelIndex &parent) const
 {
-    return parent.isValid() ? 0 : ColumnCount;
+    return parent.isValid() ? 0 : SongColumnCount;
 }
 
-QVariant SongListTableModel::display(const Song &song, int column) const
+QVariant SongListTableModel::data(const QModelIndex &index, int role) const
 {
-    switch (column) {
-    case TitleColumn:
-        return titleText(song);
-    case ArtistColumn:
-        return song.getArtist();
-    case LevelColumn:
-        return displayedLevel(song.getLevel(), highIntermediateName);
-    case BpmColumn:
-        return bpmText(song);
-    case LengthColumn:
-        return durationText(song.getPlayLength());
-    case ChoreographerColumn:
-        return song.getChoreographer();
-    case TempoColumn:
-        return tempoText(song);
+    if (!index.isValid() || index.row() > songs.size())
+        return {};
+    if (role == Qt::TextAlignmentRole)
+        return QVariant::fromValue(alignment(*songColumn(index.column())));
+    return index.row() == 0 ? filterRowData(index.column(), role)
+                            : songData(index.row(), index.column(), role);
+}
+
+QVariant SongListTableModel::filterRowData(int column, int role) const
+{
+    switch (role) {
+    case Qt::DisplayRole:
+        return columnType(column) == QMetaType::Bool ? QVariant() : filterText(column);
+    case Qt::EditRole:
+        return filterText(column);
+    case Qt::UserRole:
+        return -1;
     default:
         return {};
     }
 }
 
-QVariant SongListTableModel::data(const QModelIndex &index, int role) const
+QVariant SongListTableModel::songData(int row, int column, int role) const
 {
-    const SongPtr song = index.isValid() ? this->song(index.row()) : SongPtr();
-    if (!song)
-        return {};
+    const SongPtr &song = songs.at(row - 1);
     switch (role) {
     case Qt::DisplayRole:
-        return display(*song, index.column());
-    case SortRole:
-        return isNumber(index.column()) ? number(*song, index.column())
-                                        : display(*song, index.column());
-    case Qt::TextAlignmentRole:
-        return alignment(index.column());
+    case Qt::ToolTipRole:
+        return songColumn(column)->value(*song, {row, musicDir, highIntermediateName});
+    case Qt::UserRole:
+        return QVariant::fromValue(song);
+    case Qt::BackgroundRole:
+        return song->isMissingFile() ? QVariant(QColor(Qt::red)) : QVariant();
     default:
         return {};
     }
@@ -142,10 +280,118 @@ QVariant SongListTableModel::data(const QModelIndex &index, int role) const
 
 QVariant SongListTableModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    const bool heading = orientation == Qt::Horizontal && section >= 0 && section < ColumnCount;
-    if (heading && role == Qt::DisplayRole)
-        return tr(headings[section]);
-    if (heading && role == Qt::TextAlignmentRole)
-        return alignment(section);
-    return QAbstractTableModel::headerData(section, orientation, role);
+    if (orientation != Qt::Horizontal)
+        return {};
+    const SongColumnRow *column = songColumn(section);
+    switch (role) {
+    case Qt::DisplayRole:
+        return column ? tr(column->heading) : tr("Unbekannt");
+    case Qt::TextAlignmentRole:
+        return column ? QVariant::fromValue(headingAlignment(*column)) : QVariant();
+    case Qt::FontRole:
+        return headingFont();
+    case Qt::InitialSortOrderRole:
+        return column ? QVariant(column->initialOrder) : QVariant();
+    default:
+        return {};
+    }
+}
+
+Qt::ItemFlags SongListTableModel::flags(const QModelIndex &index) const
+{
+    Qt::ItemFlags flags = QAbstractTableModel::flags(index) | Qt::ItemIsDropEnabled;
+    if (index.isValid())
+        flags |= Qt::ItemIsDragEnabled;
+    if (index.column() == SelectedColumn)
+        flags |= Qt::ItemIsEditable | Qt::ItemIsUserCheckable;
+    return flags;
+}
+
+QStringList SongListTableModel::mimeTypes() const
+{
+    return isMaster() ? QStringList{songsFormat, urlsFormat} : QStringList{songsFormat};
+}
+
+QMimeData *SongListTableModel::mimeData(const QModelIndexList &indexes) const
+{
+    if (indexes.isEmpty())
+        return nullptr;
+    qDebug() << "mimeData index=" << indexes.constFirst().row()
+             << " num indexes=" << indexes.size();
+    QList<QUrl> urls;
+    QList<DraggedItem> items;
+    int rowBefore = 0; // the filter row is no song
+    for (const QModelIndex &index : indexes) {
+        const SongPtr song = index.row() == rowBefore ? SongPtr() : this->song(index.row());
+        rowBefore = index.row();
+        if (!song)
+            continue;
+        urls.append(QUrl::fromLocalFile(song->getFilename()));
+        items.append({song->getFilename(), index.row() - 1});
+    }
+    QByteArray bytes;
+    QDataStream stream(&bytes, QIODevice::WriteOnly);
+    stream << modelId << static_cast<qint64>(items.size());
+    for (const DraggedItem &item : std::as_const(items))
+        stream << item.path << static_cast<qint32>(item.index);
+    auto *data = new QMimeData;
+    data->setData(songsFormat, bytes);
+    data->setUrls(urls);
+    return data;
+}
+
+// Who else offers this format may write anything: what can't be read ends the list.
+SongListTableModel::Drag SongListTableModel::readDrag(const QMimeData &data)
+{
+    QDataStream stream(data.data(songsFormat));
+    Drag drag;
+    qint64 count = 0;
+    stream >> drag.modelId >> count;
+    for (qint64 number = 0; number < count; ++number) {
+        DraggedItem item{};
+        qint32 index = 0;
+        stream >> item.path >> index;
+        if (stream.status() != QDataStream::Ok)
+            break;
+        item.index = index;
+        drag.items.append(item);
+    }
+    return drag;
+}
+
+bool SongListTableModel::dropMimeData(const QMimeData *data, Qt::DropAction action, int, int,
+                                      const QModelIndex &parent)
+{
+    if (action == Qt::IgnoreAction)
+        return true;
+    // Songs come into the library by an import alone, which there isn't yet.
+    if (!data || !playlist || isMaster() || !data->hasFormat(songsFormat))
+        return false;
+    const Drag drag = readDrag(*data);
+    const Change change(this);
+    if (parent.isValid())
+        insert(drag.items, parent.row(), drag.modelId == modelId);
+    else
+        append(drag.items, drag.modelId == modelId);
+    return true;
+}
+
+void SongListTableModel::append(const QList<DraggedItem> &items, bool sameModel)
+{
+    for (const DraggedItem &item : items)
+        playlist->add(item.path);
+    if (sameModel && !items.isEmpty())
+        playlist->removeEntryAt(items.constFirst().index, false);
+}
+
+void SongListTableModel::insert(const QList<DraggedItem> &items, int parentRow, bool sameModel)
+{
+    const int target = parentRow - 1;
+    if (!sameModel) {
+        for (auto item = items.crbegin(); item != items.crend(); ++item)
+            playlist->insert(item->path, target);
+    } else if (!items.isEmpty()) {
+        const int from = items.constFirst().index;
+        playlist->moveTo(from, (from < target ? target : parentRow) - 1);
+    }
 }
