@@ -1,134 +1,62 @@
 #include "LibraryPage.h"
 
-#include "SongListTableModel.h"
+#include "SongListPanel.h"
 
-#include <QHeaderView>
-#include <QSortFilterProxyModel>
-#include <QTableView>
 #include <QVBoxLayout>
 
-#include <algorithm>
-
-LibraryPage::LibraryPage(SongListTableModel *songModel, QWidget *parent)
+LibraryPage::LibraryPage(SongManager *songManager, QWidget *parent)
     : QWidget(parent)
-    , model(songModel)
-    , proxy(new QSortFilterProxyModel(this))
-    , tableViewMusicList(new QTableView(this))
+    , panel(new SongListPanel(SongListPanel::Side::Right, songManager, this))
 {
     setObjectName(QStringLiteral("page1_MusicList"));
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(tableViewMusicList);
-    proxy->setSourceModel(songModel);
-    proxy->setSortRole(SongListTableModel::SortRole);
-    proxy->setSortLocaleAware(true);
-    proxy->setSortCaseSensitivity(Qt::CaseInsensitive);
-    setUpTable();
-}
-
-void LibraryPage::setUpTable()
-{
-    QTableView *table = tableViewMusicList;
-    table->setObjectName(QStringLiteral("tableViewMusicList"));
-    table->setModel(proxy);
-    table->setFocusPolicy(Qt::NoFocus);
-    table->setSelectionBehavior(QAbstractItemView::SelectRows);
-    table->setSelectionMode(QAbstractItemView::ExtendedSelection);
-    table->setAlternatingRowColors(true);
-    table->setShowGrid(false);
-    table->setWordWrap(false);
-    table->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    table->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
-    table->verticalHeader()->hide();
-    QHeaderView *header = table->horizontalHeader();
-    header->setSectionsMovable(true);
-    header->setHighlightSections(false);
-    header->setStretchLastSection(true);
-    header->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    table->setSortingEnabled(true);
-    table->sortByColumn(SongListTableModel::TitleColumn, Qt::AscendingOrder);
-    connect(table, &QTableView::doubleClicked, this, &LibraryPage::songActivated);
-    connect(table->selectionModel(), &QItemSelectionModel::selectionChanged, this,
-            &LibraryPage::selectionChanged);
-}
-
-void LibraryPage::showEvent(QShowEvent *event)
-{
-    QWidget::showEvent(event);
-    if (!columnsPlaced)
-        spreadColumns();
-    columnsPlaced = true;
-}
-
-void LibraryPage::spreadColumns()
-{
-    constexpr int percent[SongListTableModel::ColumnCount] = {25, 18, 14, 7, 9, 16, 11};
-    const int width = tableViewMusicList->viewport()->width();
-    for (int column = 0; column < SongListTableModel::ColumnCount; ++column)
-        tableViewMusicList->setColumnWidth(column, width * percent[column] / 100);
+    layout->addWidget(panel);
+    connect(panel, &SongListPanel::songActivated, this, &LibraryPage::songActivated);
+    connect(panel, &SongListPanel::selectionChanged, this, &LibraryPage::selectionChanged);
 }
 
 SongPtr LibraryPage::selectedSong() const
 {
-    const int row = selectedRow();
-    return row < 0 ? SongPtr() : model->song(proxy->mapToSource(proxy->index(row, 0)).row());
+    return panel->selection().song();
 }
 
-int LibraryPage::selectedRow() const
+QList<SongPtr> LibraryPage::selectedSongs() const
 {
-    const QModelIndexList rows = tableViewMusicList->selectionModel()->selectedRows();
-    return rows.size() == 1 ? rows.constFirst().row() : -1;
+    return panel->selection().songs();
 }
 
 void LibraryPage::clearSelection()
 {
-    tableViewMusicList->clearSelection();
-}
-
-void LibraryPage::selectRow(int row)
-{
-    tableViewMusicList->selectRow(row);
-    tableViewMusicList->scrollTo(proxy->index(row, 0));
+    panel->selection().clear();
 }
 
 void LibraryPage::scrollUpMusicList(int n)
 {
-    const int row = selectedRow() < 0 ? proxy->rowCount() : selectedRow();
-    if (row > 0)
-        selectRow(std::max(row - n, 0));
+    panel->selection().scrollUp(n);
 }
 
 void LibraryPage::scrollDownMusicList(int n)
 {
-    const int row = selectedRow();
-    if (row >= 0)
-        selectRow(n < proxy->rowCount() - row ? row + n : proxy->rowCount() - 1);
+    panel->selection().scrollDown(n);
 }
 
 int LibraryPage::pageStep() const
 {
-    const int rowHeight = tableViewMusicList->verticalHeader()->defaultSectionSize();
-    return std::max(1, tableViewMusicList->viewport()->height() / rowHeight - 1);
+    return panel->selection().pageStep();
 }
 
 void LibraryPage::setFontSize(int points)
 {
-    QFont font = tableViewMusicList->font();
-    font.setPointSize(points);
-    // On a screen of many dots an inch the letters need more than 1.7 pixels a point.
-    const int rowHeight = std::max(static_cast<int>(points * 1.7), QFontMetrics(font).height() + 2);
-    tableViewMusicList->verticalHeader()->setMinimumSectionSize(rowHeight);
-    tableViewMusicList->verticalHeader()->setDefaultSectionSize(rowHeight);
-    tableViewMusicList->horizontalHeader()->setFixedHeight(rowHeight);
+    panel->setFontSize(points);
 }
 
 QByteArray LibraryPage::columnConfig() const
 {
-    return tableViewMusicList->horizontalHeader()->saveState();
+    return panel->columnConfig();
 }
 
 bool LibraryPage::restoreColumnConfig(const QByteArray &config)
 {
-    columnsPlaced = tableViewMusicList->horizontalHeader()->restoreState(config);
-    return columnsPlaced;
+    return panel->restoreColumnConfig(config);
 }
