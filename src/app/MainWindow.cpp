@@ -10,7 +10,6 @@
 #include "PositionsPage.h"
 #include "Settings.h"
 #include "SettingsPage.h"
-#include "SongListTableModel.h"
 #include "Tarvelo.h"
 #include "TarveloSplashScreen.h"
 #include "TopFrame.h"
@@ -34,7 +33,6 @@ MainWindow::MainWindow(Tarvelo *application, QWidget *parent)
 {
     screenDpi = QGuiApplication::primaryScreen()->logicalDotsPerInch();
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
-    model = new SongListTableModel(application->getSongManager(), this);
     buildUi();
     createMenus();
     createConnections();
@@ -70,7 +68,7 @@ void MainWindow::buildUi()
     frameTop = new TopFrame(central);
     stackedWidget = new QStackedWidget(central);
     buttonFrame = new BottomFrame(central);
-    libraryPage = new LibraryPage(model, stackedWidget);
+    libraryPage = new LibraryPage(app->getSongManager(), stackedWidget);
     positionsPage = new PositionsPage(player, stackedWidget);
     choreographyPage = new ChoreographyPage(stackedWidget);
     settingsPage = new SettingsPage(stackedWidget);

@@ -15,7 +15,6 @@ class Player;
 class PositionsPage;
 class QStackedWidget;
 class SettingsPage;
-class SongListTableModel;
 class Tarvelo;
 class TopFrame;
 
@@ -123,7 +122,6 @@ private:
     bool scanning = false;
 
     double screenDpi = -1.0;
-    SongListTableModel *model = nullptr;
     TopFrame *frameTop = nullptr;
     BottomFrame *buttonFrame = nullptr;
     QStackedWidget *stackedWidget = nullptr;

@@ -84,7 +84,7 @@ void MainWindow::applySettings()
         Qt::Alignment::fromInt(settings.number(Key::PositionAlignment)));
     positionsPage->setFullWidth(settings.flag(Key::LyricsFullPage));
     frameTop->setFullWidth(settings.flag(Key::LyricsFullPage));
-    model->setHighIntermediateName(settings.text(Key::HighIntermediate));
+    SongListTableModel::setHighIntermediateName(settings.text(Key::HighIntermediate));
     languages.setLanguage(settings.languageCode());
     applyTheme();
 }
