@@ -85,11 +85,11 @@ constexpr auto Down = Qt::DescendingOrder;
     }
 const SongColumnRow rows[] = {
     {TitleColumn, QT_TRANSLATE_NOOP("SongListTableModel", "Titel"), Text, false, Up, true, Shown,
-     28, VALUE(title(song))},
+     24, VALUE(title(song))},
     {SelectedColumn, QT_TRANSLATE_NOOP("SongListTableModel", "Auswahl"), Bool, false, Down, false,
      HiddenBoth, 9, VALUE(mark(song.isSelected()))},
     {ArtistColumn, QT_TRANSLATE_NOOP("SongListTableModel", "Künstler"), Text, false, Up, true,
-     Shown, 22, VALUE(song.getArtist())},
+     Shown, 19, VALUE(song.getArtist())},
     {LevelColumn, QT_TRANSLATE_NOOP("SongListTableModel", "Level"), Text, true, Up, true, Shown, 17,
      VALUE(displayedLevel(song.getLevel(), place.highIntermediate))},
     {BpmColumn, QT_TRANSLATE_NOOP("SongListTableModel", "BPM"), Int, true, Up, false, Shown, 7,
@@ -109,7 +109,7 @@ const SongColumnRow rows[] = {
     {HasChoreographyColumn, QT_TRANSLATE_NOOP("SongListTableModel", "Choreografie J/N"), Bool,
      false, Down, false, HiddenLeft, 17, VALUE(fileMark(song, song.hasChoreography()))},
     {ChoreographerColumn, QT_TRANSLATE_NOOP("SongListTableModel", "Choreograf"), Text, true, Up,
-     true, Shown, 18, VALUE(song.getChoreographer())},
+     true, Shown, 16, VALUE(song.getChoreographer())},
     {FileDateColumn, QT_TRANSLATE_NOOP("SongListTableModel", "Dateidatum"), Date, true, Down, true,
      HiddenLeft, 17, VALUE(dateOrNothing(song.getModified()))},
     {DirectoryColumn, QT_TRANSLATE_NOOP("SongListTableModel", "Verzeichnis"), Text, true, Up, false,

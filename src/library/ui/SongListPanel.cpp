@@ -1,5 +1,6 @@
 #include "SongListPanel.h"
 
+#include "ElidingComboBox.h"
 #include "FlowLayout.h"
 #include "FrozenTableView.h"
 #include "FrozenTableViewStyle.h"
@@ -10,7 +11,6 @@
 #include "TimeTexts.h"
 
 #include <QApplication>
-#include <QComboBox>
 #include <QEvent>
 #include <QFile>
 #include <QHeaderView>
@@ -91,7 +91,7 @@ SongListPanel::SongListPanel(Side which, SongManager *songManager, QWidget *pare
     , view(new FrozenTableView(this))
     , selected(view, songFilter)
     , playlistWidgets(new QWidget(this))
-    , listBox(new QComboBox(playlistWidgets))
+    , listBox(new ElidingComboBox(playlistWidgets))
     , buttonLayout(new FlowLayout)
     , info(new QLabel(playlistWidgets))
 {
@@ -175,7 +175,7 @@ void SongListPanel::createListBox()
     listBox->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     listBox->setMinimumContentsLength(6);
     info->setObjectName(suffixed("labelPlaylistInfo"));
-    info->setMinimumWidth(1);
+    info->setWordWrap(true);
 }
 
 void SongListPanel::createButtons()
@@ -356,7 +356,9 @@ void SongListPanel::setButtonSize(const QSize &size)
 void SongListPanel::setButtonSpacing(int pixels)
 {
     buttonLayout->setSpacing(pixels);
-    playlistWidgets->layout()->setSpacing(pixels);
+    QLayout *layout = playlistWidgets->layout();
+    layout->setSpacing(pixels);
+    layout->setContentsMargins(pixels / 2, pixels / 2, pixels / 2, pixels / 2);
 }
 
 void SongListPanel::setPictures(const QString &directory)
