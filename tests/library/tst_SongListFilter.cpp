@@ -29,6 +29,7 @@ private Q_SLOTS:
     void datesByTheirTime();
     void theFilterRowStaysOnTop_data();
     void theFilterRowStaysOnTop();
+    void theFilterRowHasAPlaceInTheOrder();
     void aPlaylistKeepsItsOrder();
     void aSongThatChangesFindsItsPlace();
     void totalLength();
@@ -197,6 +198,26 @@ void TestSongListFilter::theFilterRowStaysOnTop()
         filter->invalidate();
         QCOMPARE(filter->index(0, 0).data(Qt::UserRole), QVariant(-1));
     }
+}
+
+// A sort may compare any two rows, and both ways round.
+void TestSongListFilter::theFilterRowHasAPlaceInTheOrder()
+{
+    struct Filter : SongListFilter
+    {
+        using SongListFilter::lessThan;
+        using SongListFilter::SongListFilter;
+    } sorted(model.get(), true);
+    song(u"a"_s);
+    const QModelIndex row = model->index(0, TitleColumn);
+    const QModelIndex other = model->index(1, TitleColumn);
+    sorted.sort(TitleColumn, Qt::AscendingOrder);
+    QVERIFY(sorted.lessThan(row, other));
+    QVERIFY(!sorted.lessThan(other, row));
+    sorted.sort(TitleColumn, Qt::DescendingOrder);
+    QVERIFY(!sorted.lessThan(row, other));
+    QVERIFY(sorted.lessThan(other, row));
+    QVERIFY(!sorted.lessThan(row, row));
 }
 
 void TestSongListFilter::aPlaylistKeepsItsOrder()

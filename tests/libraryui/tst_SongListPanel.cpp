@@ -518,8 +518,10 @@ void TestSongListPanel::anotherLanguage()
 {
     left->show();
     MarkingTranslator translator;
+    QSignalSpy told(left->model(), &QAbstractItemModel::headerDataChanged);
     QVERIFY(QCoreApplication::installTranslator(&translator));
     QCoreApplication::processEvents();
+    QCOMPARE(told.size(), 1);
     QCOMPARE(left->model()->headerData(0, Qt::Horizontal).toString(), u"*Titel"_s);
     QVERIFY(box(*left)->toolTip().startsWith(u'*'));
     QCOMPARE(box(*left)->itemText(0), u"*<Musikbibliothek>"_s);

@@ -132,9 +132,7 @@ void SongListPanel::setUpTable()
 {
     view->setFocusPolicy(Qt::NoFocus);
     view->setContextMenuPolicy(Qt::CustomContextMenu);
-    view->setAcceptDrops(true);
     view->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    view->setDragEnabled(true);
     view->setDragDropMode(QAbstractItemView::DragDrop);
     view->setDefaultDropAction(Qt::CopyAction);
     view->setDropIndicatorShown(true);
