@@ -121,6 +121,7 @@ private Q_SLOTS:
     void beatsLieWhereTheSongSays_data();
     void beatsLieWhereTheSongSays();
     void positionsStandOnTheFirstBeatOfTheirParts();
+    void countInsEndOnTheFirstBeatOfTheirParts();
     void theTagTellsEverything();
     void theSameBytesAtEveryRun();
     void factsStandBesideTheSongs();
@@ -236,6 +237,20 @@ void TestDemo::positionsStandOnTheFirstBeatOfTheirParts()
         beat += score.parts.at(i).beats();
     }
     QCOMPARE(beat, score.beats());
+}
+
+void TestDemo::countInsEndOnTheFirstBeatOfTheirParts()
+{
+    const Demo::Score score = demoSong(u"Pop/Neon Porch Light.mp3"_s);
+    const Song song(written(score), false);
+    QCOMPARE(song.getCountDowns().count(), 2);
+    const CountDownItem *first = song.getCountDowns().at(0);
+    QVERIFY(first->isEnabled());
+    QCOMPARE(first->getCountStart(), 8);
+    QCOMPARE(first->getCountEnd(), 0);
+    QCOMPARE(first->getIgnition(), 238);
+    QCOMPARE(song.getCountDowns().at(1)->getIgnition(),
+             qint64(song.getPositions().at(3).getTime()));
 }
 
 void TestDemo::theTagTellsEverything()

@@ -81,6 +81,14 @@ void describe(Song &song, const Score &score)
         positions.insert(positions.count(), {partMs(score, beat), part.name, part.steps});
         beat += part.beats();
     }
+    for (const CountIn &countIn : score.countIns) {
+        CountDownItem *item = song.getCountDowns().addNew();
+        item->setIgnition(song.getPositions().at(countIn.part).getTime());
+        item->setCountStart(countIn.from);
+        item->setCountEnd(countIn.to);
+        item->setComment(score.parts.at(countIn.part).name);
+        item->setEnabled(true);
+    }
 }
 
 QJsonObject facts(const Score &score)

@@ -21,6 +21,14 @@ struct Part
     int beats() const;
 };
 
+// Counts into a part, one number a beat; the last number is the part's first beat.
+struct CountIn
+{
+    int part = 0;
+    int from = 8;
+    int to = 0;
+};
+
 struct Score
 {
     // Below the library's directory, with "/".
@@ -48,6 +56,7 @@ struct Score
     quint32 seed = 1;
     // In the order in which they are played.
     QList<Part> parts = {};
+    QList<CountIn> countIns = {};
 
     // Beats of all parts together.
     int beats() const;

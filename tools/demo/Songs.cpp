@@ -151,6 +151,7 @@ Score neonPorchLight()
           {u"Bridge"_s, Texture::Bridge, u"Am F C G"_s, u"2 Karate Turn (8)\n2 Charleston (8)"_s}},
          {'E', {u"Ending"_s, Texture::Ending, u"F G C"_s, u"2 Triple (8)\nStep, pose (4)"_s}}},
         "IAPBAPBGBE");
+    score.countIns = {{0, 8, 0}, {3, 4, 0}};
     return score;
 }
 
