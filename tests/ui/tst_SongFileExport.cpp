@@ -25,6 +25,8 @@ private Q_SLOTS:
     void withoutASongTheUserIsTold();
     void theUserIsAsked();
     void whoLeavesGetsNothing();
+    void musicIsNeverWrittenOver_data();
+    void musicIsNeverWrittenOver();
     void theChosenFileIsWritten_data();
     void theChosenFileIsWritten();
 
@@ -101,6 +103,36 @@ void TestSongFileExport::whoLeavesGetsNothing()
     QCOMPARE(SongFileExport::chooseTarget(nullptr, u"/m/song.mp3"_qs, u"+5%"_qs), QString());
     QCOMPARE(asked.size(), 3);
     QVERIFY(boxes.isEmpty());
+}
+
+void TestSongFileExport::musicIsNeverWrittenOver_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<bool>("there");
+    QTest::addColumn<bool>("allowed");
+    QTest::newRow("the song itself") << u"own.mp3"_qs << true << false;
+    QTest::newRow("in capitals") << u"own.MP3"_qs << true << false;
+    QTest::newRow("another format") << u"other.flac"_qs << true << false;
+    QTest::newRow("a new file") << u"new.mp3"_qs << false << true;
+    QTest::newRow("an older export") << u"old.wav"_qs << true << true;
+}
+
+void TestSongFileExport::musicIsNeverWrittenOver()
+{
+    QFETCH(QString, name);
+    QFETCH(bool, there);
+    QFETCH(bool, allowed);
+    choice = directory.filePath(name);
+    if (there) {
+        QFile file(choice);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+    }
+    const QString answer
+        = SongFileExport::chooseTarget(nullptr, directory.filePath(u"own.mp3"_qs), u" 0%"_qs);
+    QCOMPARE(answer, allowed ? choice : QString());
+    QCOMPARE(boxes.size(), allowed ? 0 : 2);
+    if (!allowed)
+        QVERIFY(boxes.at(1).contains(u"wird nicht überschrieben"_qs));
 }
 
 void TestSongFileExport::theChosenFileIsWritten_data()
