@@ -330,8 +330,10 @@ void SongListPanel::setNonStop(bool wanted)
 
 void SongListPanel::setFontSize(int points)
 {
+    // A view with a style of its own doesn't take its font from the style sheet.
     QFont font = view->font();
     font.setPointSize(points);
+    view->setFont(font);
     // On a screen of many dots an inch the letters need more than 1.7 pixels a point.
     const int rowHeight = std::max(static_cast<int>(points * 1.7), QFontMetrics(font).height() + 2);
     view->verticalHeader()->setMinimumSectionSize(rowHeight);
