@@ -1,11 +1,18 @@
 #pragma once
 
+#include "Commands.h"
+
 #include <QFrame>
 
 class QPushButton;
 
 // How clock and run time share their place; the numbers are those of the setting.
 enum TimeDisplayMode { AlternatingTime, ClockOnly, RunTimeOnly, ParallelTime };
+constexpr int timeDisplayModes = 4;
+
+// What tells the tempo; the numbers are those of the setting.
+enum BpmDisplay { PercentOnly, BpmOnly, PercentAndBpm };
+constexpr int bpmDisplays = 3;
 
 // The frame below the screens: screen buttons, clock, transport, run time and tempo.
 class BottomFrame : public QFrame
@@ -13,45 +20,47 @@ class BottomFrame : public QFrame
     Q_OBJECT
 
 public:
+    static constexpr int presetCount = 5;
+
     explicit BottomFrame(QWidget *parent = nullptr);
 
     void setScreen(int screen);
+    // False for a screen that can't be chosen now; its key does nothing then.
+    void setScreenEnabled(int screen, bool enabled);
+    bool isScreenEnabled(int screen) const;
     // Pixels of the top frame; this one is 7/5 of it and all its controls follow.
     void setFrameHeight(int height);
     void setTimeDisplayMode(int mode);
     int timeDisplayMode() const { return timeMode; }
 
     void setClock(const QString &text);
+    // Goes where the mode shows the run time, if anywhere.
     void setRunTime(const QString &text);
     // Both empty without a song.
     void setTempo(const QString &percent, const QString &bpm);
+    // The percent, as they are shown.
+    QString tempoText() const;
+    void setBpmDisplay(int display);
+    // Shows again what a small window may have hidden.
+    void showAgain();
+
+    // number: 1 to 5, from the right. The text names the percent.
+    void setPreset(int number, const QString &text);
+    void setPresetChecked(int number, bool checked);
+    void setPresetsShown(bool shown);
     void retranslate();
 
 Q_SIGNALS:
-    void screenRequested(int screen);
-    void stopClicked();
-    void pauseClicked();
-    void playClicked();
-    void tempoMinusClicked();
-    void tempoPlusClicked();
+    void requested(const CommandCall &call);
 
 private:
-    void addScreenButtons();
-    void addTransport();
-    void addTempo();
-    QPushButton *addButton(const char *name, const QString &text);
+    struct Row;
+    static const Row table[];
+
+    void addButton(const Row &row);
+    QPushButton *button(int id) const { return buttons.at(id); }
 
     int timeMode = ParallelTime;
-    QList<QPushButton *> screenButtons;
-    QList<QPushButton *> squareButtons; // of the large size
-    QList<QPushButton *> tempoButtons;  // of the medium size
-    QPushButton *buttonTime = nullptr;
-    QPushButton *buttonStop = nullptr;
-    QPushButton *buttonPause = nullptr;
-    QPushButton *buttonPlay = nullptr;
-    QPushButton *buttonRunTime = nullptr;
-    QPushButton *buttonTempoMinus = nullptr;
-    QPushButton *buttonTempoDisplay = nullptr;
-    QPushButton *buttonTempoDisplayBPM = nullptr;
-    QPushButton *buttonTempoPlus = nullptr;
+    QList<QPushButton *> buttons; // in the order of the table
+    QList<QWidget *> groups;
 };

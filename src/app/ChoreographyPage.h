@@ -3,6 +3,7 @@
 #include <QWidget>
 
 class QLabel;
+class QScrollArea;
 
 // The screen of the song's choreography document.
 class ChoreographyPage : public QWidget
@@ -16,7 +17,12 @@ public:
     void setSongPresent(bool present);
     void retranslate();
 
+    // Down by so many pixels, or by so many heights of the page; up below 0.
+    void scroll(int pixels);
+    void scrollPages(int pages);
+
 private:
+    QScrollArea *scrollArea_PDF;
     QLabel *message;
     bool songPresent = false;
 };

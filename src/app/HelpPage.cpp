@@ -50,27 +50,6 @@ constexpr PageRow pages[] = {
 };
 constexpr int pageCount = static_cast<int>(std::size(pages));
 
-// What this version is called.
-QString releaseName()
-{
-    return QStringLiteral("Rocking Chair");
-}
-
-QString longBuildDate()
-{
-    return QLocale().toString(Version::date(), QStringLiteral("dd MMM yyyy"));
-}
-
-QString shortBuildDate()
-{
-    const QString locale = QLocale().name();
-    if (locale == QLatin1String("de_DE"))
-        return Version::date().toString(QStringLiteral("dd.MM.yyyy"));
-    if (locale == QLatin1String("en_US"))
-        return Version::date().toString(QStringLiteral("MM/dd/yyyy"));
-    return longBuildDate();
-}
-
 // Empty when there is no such page: the tab then shows nothing.
 QString pageText(const char *name)
 {
@@ -210,15 +189,15 @@ void HelpPage::fillAbout()
 {
     QTextDocument *about = browsers.at(AboutPage)->document();
     replaceAll(about, QStringLiteral("VERSION"), Version::shortText());
-    replaceAll(about, QStringLiteral("DATE"), longBuildDate());
-    replaceAll(about, QStringLiteral("EDITION"), releaseName());
+    replaceAll(about, QStringLiteral("DATE"), Version::buildDate(QStringLiteral("L")));
+    replaceAll(about, QStringLiteral("EDITION"), Version::releaseName());
 }
 
 void HelpPage::fillVersionHistory()
 {
     QTextDocument *history = browsers.at(VersionsPage)->document();
-    replaceAll(history, QStringLiteral("RELEASE_DATE"), shortBuildDate());
-    replaceAll(history, QStringLiteral("RELEASE_NAME"), releaseName());
+    replaceAll(history, QStringLiteral("RELEASE_DATE"), Version::buildDate(QStringLiteral("S")));
+    replaceAll(history, QStringLiteral("RELEASE_NAME"), Version::releaseName());
 }
 
 int HelpPage::tabTextWidth(const QFont &font) const

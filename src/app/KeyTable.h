@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Commands.h"
 #include "Screens.h"
 
 #include <Qt>
@@ -8,30 +9,6 @@
 #include <span>
 
 // The one table of the window's keys. Shortcuts of menu entries work in addition to it.
-
-enum class Command {
-    ShowScreen, // argument: the screen
-    LoadAndShowPositions,
-    ShowLibrary,
-    LibraryUp, // argument: rows
-    LibraryDown,
-    LibraryPageUp,
-    LibraryPageDown,
-    PositionsUp, // argument: rows
-    PositionsDown,
-    SeekBack, // argument: milliseconds
-    SeekAhead,
-    TempoUp,
-    TempoDown,
-    StartPart, // argument: row of the positions
-    Play,
-    Pause,
-    PlayPause,
-    Stop,
-    TogglePartColumn,
-    Rescan,
-    Quit,
-};
 
 // Which of the modifiers have to be down: those of mask that are in value, and no other of mask.
 struct ModifierRule
@@ -49,14 +26,11 @@ struct KeyRow
     int argument;
 };
 
-struct KeyCommand
-{
-    Command command;
-    int argument;
-};
-
 std::span<const KeyRow> keyTable();
 
-// What a key does on a screen; nothing for a key that the table doesn't list. The keypad's
-// modifier doesn't count.
-std::optional<KeyCommand> commandForKey(int key, Qt::KeyboardModifiers modifiers, int screen);
+// The modifiers as the table means them: the keypad's doesn't count, and the AltGr key, which is a
+// modifier of its own on some platforms, is Ctrl and Alt together.
+Qt::KeyboardModifiers meantModifiers(Qt::KeyboardModifiers modifiers);
+
+// What a key does on a screen; nothing for a key that the table doesn't list.
+std::optional<CommandCall> commandForKey(int key, Qt::KeyboardModifiers modifiers, int screen);

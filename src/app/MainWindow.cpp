@@ -1,15 +1,24 @@
 #include "MainWindow.h"
 
+#include "Actions.h"
 #include "BottomFrame.h"
 #include "ChoreographyPage.h"
+#include "CountDownDisplays.h"
 #include "FileTools.h"
+#include "FrozenTableView.h"
 #include "HelpPage.h"
+#include "KeyTable.h"
 #include "LibraryPage.h"
 #include "MessageBoxes.h"
 #include "Player.h"
+#include "PositionSlider.h"
 #include "PositionsPage.h"
+#include "ProgramStyle.h"
 #include "Settings.h"
 #include "SettingsPage.h"
+#include "SongListFilter.h"
+#include "SongListPanel.h"
+#include "SongListTableModel.h"
 #include "Tarvelo.h"
 #include "TarveloSplashScreen.h"
 #include "TopFrame.h"
@@ -17,11 +26,10 @@
 
 #include <QApplication>
 #include <QCloseEvent>
-#include <QMenu>
 #include <QScopedValueRollback>
 #include <QScreen>
+#include <QSplitter>
 #include <QStackedWidget>
-#include <QStyleFactory>
 #include <QTime>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -32,32 +40,34 @@ MainWindow::MainWindow(Tarvelo *application, QWidget *parent)
     , player(application->getPlayer())
 {
     screenDpi = QGuiApplication::primaryScreen()->logicalDotsPerInch();
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setStyle(new ProgramStyle);
     buildUi();
-    createMenus();
     createConnections();
     settingsLoaded = loadSettings();
     showFirstScreen();
-    const bool columnsRestored
-        = libraryPage->restoreColumnConfig(settings.bytes(Settings::Key::ColumnConfig));
+    restoreColumns();
     refreshAllLists();
-    if (columnsRestored)
-        libraryPage->restoreColumnConfig(settings.bytes(Settings::Key::ColumnConfig));
+    restoreColumns();
     startClock();
     warnOfMissingLanguages();
     setTempo(0);
     setCurrentSong({});
+    adaptActions();
     show();
     if (!settingsLoaded)
         showInfo(tr("Bitte wähle das Verzeichnis Deiner Clogging-Musiksammlung (Musikverzeichnis "
                     "-> Bearbeiten). Die meisten anderen Einstellungen können auch später noch "
                     "vorgenomen werden."));
     startingUp = false;
+    positionsPage->setStartingUp(false);
 }
 
 MainWindow::~MainWindow()
 {
     qDebug("Program ending");
+    // Lists and pages tell of their selection while they go, and there is nobody to hear it.
+    for (QWidget *child : findChildren<QWidget *>())
+        child->disconnect(this);
 }
 
 void MainWindow::buildUi()
@@ -65,109 +75,77 @@ void MainWindow::buildUi()
     auto *central = new QWidget(this);
     central->setFocusPolicy(Qt::StrongFocus);
     setCentralWidget(central);
+    actions = new Actions(this);
     frameTop = new TopFrame(central);
-    stackedWidget = new QStackedWidget(central);
+    QWidget *frameCenter = buildCenter();
+    frameSlider = new PositionSlider(central);
     buttonFrame = new BottomFrame(central);
+    frameTop->setScreenMenu(actions->menu(MenuId::Screens));
+    auto *layout = new QVBoxLayout(central);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(frameTop);
+    layout->addWidget(frameCenter, 1);
+    layout->addWidget(frameSlider);
+    layout->addWidget(buttonFrame);
+}
+
+QWidget *MainWindow::buildCenter()
+{
+    auto *frameCenter = new QFrame(centralWidget());
+    frameCenter->setObjectName(QStringLiteral("frameCenter"));
+    splitterPlaylist = new QSplitter(frameCenter);
+    splitterPlaylist->setObjectName(QStringLiteral("splitterPlaylist"));
+    framePlaylist
+        = new SongListPanel(SongListPanel::Side::Left, app->getSongManager(), splitterPlaylist);
+    stackedWidget = new QStackedWidget(splitterPlaylist);
+    stackedWidget->setObjectName(QStringLiteral("stackedWidget"));
     libraryPage = new LibraryPage(app->getSongManager(), stackedWidget);
     positionsPage = new PositionsPage(player, stackedWidget);
+    positionsPage->setStartingUp(true);
     choreographyPage = new ChoreographyPage(stackedWidget);
     settingsPage = new SettingsPage(stackedWidget);
     helpPage = new HelpPage(stackedWidget);
     for (QWidget *page : std::initializer_list<QWidget *>{libraryPage, positionsPage,
                                                           choreographyPage, settingsPage, helpPage})
         stackedWidget->addWidget(page);
-    auto *layout = new QVBoxLayout(central);
+    splitterPlaylist->addWidget(framePlaylist);
+    splitterPlaylist->addWidget(stackedWidget);
+    splitterPlaylist->setChildrenCollapsible(false);
+    splitterPlaylist->handle(1)->installEventFilter(this);
+    framePlaylist->hide();
+    auto *layout = new QVBoxLayout(frameCenter);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(0);
-    layout->addWidget(frameTop);
-    layout->addWidget(stackedWidget, 1);
-    layout->addWidget(buttonFrame);
-}
-
-void MainWindow::createMenus()
-{
-    for (int screen = 0; screen < screenCount; ++screen)
-        screenMenus.append(new QMenu(this));
-    const auto add = [this](Screen screen, const char *text, auto slot) {
-        QAction *action = screenMenus.at(screen)->addAction(tr(text), this, slot);
-        actionTexts.insert(action, text);
-        return action;
-    };
-    add(LibraryScreen, QT_TR_NOOP("Dateien neu einlesen"), &MainWindow::refreshAllLists)
-        ->setShortcut(Qt::CTRL | Qt::Key_R);
-    addColumnActions(screenMenus.at(PositionsScreen));
-    add(SettingsScreen, QT_TR_NOOP("Werkseinstellung"), &MainWindow::factoryReset);
-    add(SettingsScreen, QT_TR_NOOP("Rücksetzen Fensterpositionen"),
-        &MainWindow::factoryResetWinPos);
-    for (QMenu *menu : std::as_const(screenMenus))
-        addQuitAction(menu);
-}
-
-void MainWindow::addColumnActions(QMenu *menu)
-{
-    struct Row
-    {
-        const char *text;
-        Qt::Key key;
-        PositionsColumn column;
-    };
-    constexpr Row rows[] = {
-        {QT_TR_NOOP("Spalte mit Parts anzeigen"), Qt::Key_P, PartColumn},
-        {QT_TR_NOOP("Spalte mit Beats anzeigen"), Qt::Key_B, BeatsColumn},
-        {QT_TR_NOOP("Spalte mit Zeitpunkt anzeigen"), Qt::Key_T, TimeColumn},
-    };
-    for (const Row &row : rows) {
-        QAction *action = menu->addAction(tr(row.text));
-        action->setShortcut(Qt::CTRL | row.key);
-        action->setCheckable(true);
-        action->setData(row.column);
-        connect(action, &QAction::toggled, positionsPage, [this, column = row.column](bool shown) {
-            positionsPage->setColumnShown(column, shown);
-        });
-        actionTexts.insert(action, row.text);
-        columnActions.append(action);
-    }
-}
-
-void MainWindow::addQuitAction(QMenu *menu)
-{
-    if (!menu->isEmpty())
-        menu->addSeparator();
-    const char *text = QT_TR_NOOP("Beenden");
-    QAction *action = menu->addAction(tr(text), this, &MainWindow::byeBye);
-    action->setShortcut(Qt::CTRL | Qt::Key_X);
-    actionTexts.insert(action, text);
+    layout->addWidget(splitterPlaylist);
+    return frameCenter;
 }
 
 void MainWindow::createConnections()
 {
-    connect(player, &Player::notifyPlayTimeChanged, this, &MainWindow::on_newTimeStamp);
-    connect(player, &Player::notifyIsPlayingChanged, this, &MainWindow::on_playStatusChanged);
-    connect(player, &Player::notifyActivePartChanged, this, &MainWindow::on_partChanged);
-
-    connect(frameTop, &TopFrame::screenRequested, this, &MainWindow::showScreen);
-    connect(frameTop, &TopFrame::fullWidthToggled, this, [this](bool full) {
-        positionsPage->setFullWidth(full);
-        frameTop->setFullWidth(full);
-        positionsPage->refreshPositionsWindow();
-        takeFocusBack();
-    });
-    connect(buttonFrame, &BottomFrame::screenRequested, this, &MainWindow::showScreen);
-    connect(buttonFrame, &BottomFrame::stopClicked, this, &MainWindow::onButtonStop_clicked);
-    connect(buttonFrame, &BottomFrame::pauseClicked, this, &MainWindow::onButtonPause_clicked);
-    connect(buttonFrame, &BottomFrame::playClicked, this, &MainWindow::onButtonPlay_clicked);
-    connect(buttonFrame, &BottomFrame::tempoMinusClicked, this,
-            &MainWindow::onButtonTempoMinus_clicked);
-    connect(buttonFrame, &BottomFrame::tempoPlusClicked, this,
-            &MainWindow::onButtonTempoPlus_clicked);
+    connect(actions, &Actions::requested, this, &MainWindow::carryOut);
+    connect(frameTop, &TopFrame::requested, this, &MainWindow::carryOut);
+    connect(frameTop, &TopFrame::infoRoomChanged, this, &MainWindow::adaptPositionsHeader);
+    connect(buttonFrame, &BottomFrame::requested, this, &MainWindow::carryOut);
+    connectPlayer();
+    connectPositionsPage();
 
     connect(libraryPage, &LibraryPage::songActivated, this, [this] {
-        loadCurrentSong();
+        carryOut({Command::LoadAndShowPositions, 0});
+    });
+    connect(framePlaylist, &SongListPanel::songActivated, this, [this] {
+        setCurrentSong(framePlaylist->selection().song());
         showScreen(PositionsScreen);
     });
-    connect(libraryPage, &LibraryPage::selectionChanged, this, &MainWindow::takeFocusBack);
-    connect(positionsPage, &PositionsPage::startRequested, this, &MainWindow::startFromPart);
-    connect(positionsPage, &PositionsPage::pressed, this, &MainWindow::takeFocusBack);
+    for (const SongListPanel *panel : {framePlaylist, libraryPage->songList()}) {
+        connect(panel, &SongListPanel::selectionChanged, this, &MainWindow::followSelection);
+        connect(panel, &SongListPanel::listChanged, this, &MainWindow::refreshFilterStats);
+    }
+    connect(libraryPage->songList(), &SongListPanel::contextMenuRequested, this,
+            [this](QPoint global) { actions->menu(MenuId::LibraryContext)->popup(global); });
+    connect(splitterPlaylist, &QSplitter::splitterMoved, this, [this] {
+        if (currentScreen() == PositionsScreen)
+            positionsPage->refreshPositionsWindow();
+    });
 
     connect(settingsPage, &SettingsPage::musicDirChosen, this, &MainWindow::changeMusicDir);
     connect(settingsPage, &SettingsPage::fontSizeChanged, this, &MainWindow::changeFontSize);
@@ -176,6 +154,31 @@ void MainWindow::createConnections()
         positionsPage->setMaxFontSize(points);
         takeFocusBack();
     });
+}
+
+void MainWindow::connectPlayer()
+{
+    connect(player, &Player::notifyPlayTimeChanged, this, &MainWindow::on_newTimeStamp);
+    connect(player, &Player::notifyIsPlayingChanged, this, &MainWindow::on_playStatusChanged);
+    connect(player, &Player::notifyActivePartChanged, this, &MainWindow::on_partChanged);
+    connect(frameSlider, &PositionSlider::released, this, &MainWindow::seekTo);
+    connect(frameSlider, &PositionSlider::stepped, this, &MainWindow::seekTo);
+}
+
+void MainWindow::connectPositionsPage()
+{
+    positionsPage->setContextMenuActions(actions->entries(MenuId::PositionsPlay),
+                                         actions->entries(MenuId::PositionsEdit));
+    positionsPage->setContextMenuOrigin(libraryPage->songList()->table()->viewport());
+    connect(positionsPage, &PositionsPage::startRequested, this, &MainWindow::startFromPart);
+    connect(positionsPage, &PositionsPage::loopRequested, this, &MainWindow::startLoop);
+    connect(positionsPage, &PositionsPage::markedRowChanged, this, &MainWindow::adaptActions);
+    connect(positionsPage, &PositionsPage::pressed, this, &MainWindow::takeFocusBack);
+    connect(positionsPage, &PositionsPage::emptied, this, [this] { frameTop->setSongTexts({}); });
+    auto *countDowns = new CountDownDisplays(this, this);
+    connect(player, &Player::notifyCountDown, countDowns, &CountDownDisplays::showCountDown);
+    connect(countDowns, &CountDownDisplays::buttonCountShown, frameTop, &TopFrame::showCount);
+    connect(countDowns, &CountDownDisplays::buttonCountEnded, frameTop, &TopFrame::endCount);
 }
 
 void MainWindow::showFirstScreen()
@@ -191,7 +194,7 @@ void MainWindow::warnOfUnwritableMusicDir()
     if (directory.isEmpty() || isDirectoryWritable(directory))
         return;
     showError(
-        tr("<p>Das konfigurierte Verzeichnis</p><code>") + directory.toHtmlEscaped()
+        tr("<p>Das konfigurierte Verzeichnis</p><code>") + fileNameAsHtml(directory)
         + tr("</code><p>kann nicht beschrieben werden!</p>Mögliche Ursachen:<ul>")
         + tr("<li>Unzureichende Freigabe im Virenscanner<br><b>Abhilfe:</b> In den Einstellungen "
              "des benutzten Virenscanners das Musikverzeichnis als vertrauenswürdige Ausnahme "
@@ -208,7 +211,7 @@ void MainWindow::warnOfMissingLanguages()
     if (!Languages::areComplete())
         showError(tr("Konfigurationsproblem:<br>Das Verzeichnis<br>%1<br>mit Sprachinformationen "
                      "fehlt oder ist unvollständig!")
-                      .arg(Languages::directory().toHtmlEscaped()));
+                      .arg(fileNameAsHtml(Languages::directory())));
 }
 
 void MainWindow::refreshMusicList()
@@ -230,8 +233,12 @@ void MainWindow::refreshAllLists()
 {
     if (scanning)
         return;
+    showPlaylist(false);
     refreshMusicList();
     selectNoneInLibrary();
+    framePlaylist->setList(app->getSongManager()->getPlaylist(1));
+    libraryPage->songList()->setList(app->getSongManager()->getPlaylist(0));
+    refreshFilterStats();
 }
 
 void MainWindow::startClock()
@@ -253,6 +260,8 @@ void MainWindow::showTime()
 
 void MainWindow::decoupledStartActions()
 {
+    writeTempoPresetTexts();
+    refreshFilterStats();
     setTempo(0);
     // The detour makes the page lay itself out once.
     stackedWidget->setCurrentIndex(ChoreographyScreen);
@@ -289,19 +298,78 @@ int MainWindow::currentScreen() const
 
 void MainWindow::showScreen(int screen)
 {
+    if (!buttonFrame->isScreenEnabled(screen))
+        return;
     if (screen == currentScreen() && screen == SettingsScreen)
         settingsPage->setCurrentIndex((settingsPage->currentIndex() + 1) % settingsPage->count());
     if (screen == currentScreen() && screen == HelpScreen)
         helpPage->nextTab();
     stackedWidget->setCurrentIndex(screen);
-    frameTop->setScreen(screen, screenMenus.at(screen));
+    frameTop->setScreen(screen, actions->menu(static_cast<MenuId>(screen)));
     buttonFrame->setScreen(screen);
-    if (screen == PositionsScreen) {
-        positionsPage->refreshPositionsWindow();
-        QCoreApplication::processEvents();
-        positionsPage->scrollToCurrentPosition();
-    }
+    adaptCountDownButtons();
+    enterScreen(screen);
     takeFocusBack();
+}
+
+void MainWindow::enterScreen(int screen)
+{
+    framePlaylist->setVisible(playlistShown && screen <= ChoreographyScreen);
+    if (screen == PositionsScreen)
+        positionsPage->enter();
+}
+
+void MainWindow::stepScreen(int step)
+{
+    showScreen((currentScreen() + step + screenCount) % screenCount);
+}
+
+void MainWindow::scrollLibrary(int rows)
+{
+    if (positionEditorOpen)
+        return;
+    if (rows < 0)
+        libraryPage->scrollUpMusicList(-rows);
+    else
+        libraryPage->scrollDownMusicList(rows);
+    refreshFilterStats();
+}
+
+void MainWindow::refreshFilterStats()
+{
+    const SongListPanel *right = libraryPage->songList();
+    frameTop->setFilterStats(tr("Zeige %1/%2\nAusgewählt: %3")
+                                 .arg(right->filter()->rowCount() - 1)
+                                 .arg(right->model()->rowCount() - 1)
+                                 .arg(right->selection().rows().size()));
+}
+
+void MainWindow::followSelection()
+{
+    adaptActions();
+    refreshFilterStats();
+}
+
+// The panel's own list stays as it was; the library comes back on the right.
+void MainWindow::showPlaylist(bool shown)
+{
+    playlistShown = shown;
+    frameTop->setPlaylistShown(shown);
+    framePlaylist->setVisible(shown && currentScreen() <= ChoreographyScreen);
+    QCoreApplication::processEvents();
+    SongListPanel *right = libraryPage->songList();
+    if (currentScreen() == LibraryScreen)
+        right->setList(app->getSongManager()->getPlaylist(0));
+    else if (currentScreen() == PositionsScreen)
+        positionsPage->refreshPositionsWindow();
+    if (!shown)
+        right->setPlaylistWidgetsVisible(false);
+}
+
+void MainWindow::togglePlaylistManager()
+{
+    SongListPanel *right = libraryPage->songList();
+    right->setPlaylistWidgetsVisible(!right->arePlaylistWidgetsVisible());
 }
 
 // The keys belong to the window: no widget keeps the focus.
@@ -312,29 +380,50 @@ void MainWindow::takeFocusBack()
 
 void MainWindow::keyPressEvent(QKeyEvent *event)
 {
-    if (const auto key = commandForKey(event->key(), event->modifiers(), currentScreen()))
-        carryOut(*key);
+    if (const auto call = commandForKey(event->key(), event->modifiers(), currentScreen()))
+        carryOut(*call);
     QMainWindow::keyPressEvent(event);
 }
 
 void MainWindow::resizeEvent(QResizeEvent *event)
 {
     QMainWindow::resizeEvent(event);
-    adaptPositionsHeader();
+    buttonFrame->showAgain();
+    frameTop->showTitle();
 }
 
 void MainWindow::changeEvent(QEvent *event)
 {
-    if (event->type() == QEvent::LanguageChange && frameTop)
+    if (event->type() == QEvent::LocaleChange)
+        setLanguage(QLocale::system().name().left(2));
+    if (event->type() == QEvent::LanguageChange && buttonFrame)
         retranslate();
     QMainWindow::changeEvent(event);
 }
 
+// The texts follow by the event that the new translation sends.
+void MainWindow::setLanguage(const QString &language)
+{
+    languages.setLanguage(language == QStringLiteral("de") ? language : QStringLiteral("en"));
+    QTimer::singleShot(50, this, &MainWindow::refreshFilterStats);
+}
+
+// A double click on the handle divides the room equally.
+bool MainWindow::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == splitterPlaylist->handle(1) && event->type() == QEvent::MouseButtonDblClick) {
+        const QList<int> sizes = splitterPlaylist->sizes();
+        const int sum = sizes.at(0) + sizes.at(1);
+        splitterPlaylist->setSizes({sum / 2, sum - sum / 2});
+    }
+    return QMainWindow::eventFilter(watched, event);
+}
+
 void MainWindow::retranslate()
 {
-    for (auto action = actionTexts.cbegin(); action != actionTexts.cend(); ++action)
-        action.key()->setText(tr(action.value()));
+    adaptActions();
     frameTop->retranslate();
+    frameSlider->retranslate();
     buttonFrame->retranslate();
     choreographyPage->retranslate();
     settingsPage->retranslate();

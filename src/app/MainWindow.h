@@ -1,20 +1,28 @@
 #pragma once
 
-#include "KeyTable.h"
+#include "ActionRules.h"
+#include "Commands.h"
 #include "Languages.h"
+#include "Screens.h"
 #include "Song.h"
+#include "SongPositions.h"
 #include "WindowSettings.h"
 
 #include <QMainWindow>
 
+class Actions;
 class BottomFrame;
 class ChoreographyPage;
 class HelpPage;
 class LibraryPage;
 class Player;
+class PositionSlider;
 class PositionsPage;
+class QSplitter;
 class QStackedWidget;
 class SettingsPage;
+class SongListPanel;
+class SongListSelection;
 class Tarvelo;
 class TopFrame;
 
@@ -41,6 +49,8 @@ public:
     int getTempo() const { return tempo; }
     bool isPaused() const { return paused; }
     int currentScreen() const;
+    // Carries out what a key, a button or a menu entry asks for.
+    void carryOut(const CommandCall &call);
 
 public Q_SLOTS:
     // Leaves the program, with the settings saved; false when the user wants to stay.
@@ -49,34 +59,68 @@ public Q_SLOTS:
     void factoryReset();
     void factoryResetWinPos();
 
+    // Nothing happens for a screen that can't be chosen now.
     void showScreen(int screen);
     void onButtonPlay_clicked();
     void onButtonPause_clicked();
     void onButtonPlayPause_clicked();
     void onButtonStop_clicked();
-    void onButtonTempoPlus_clicked();
-    void onButtonTempoMinus_clicked();
     // Percent, -50 to 50.
     void setTempo(int percent);
+    // One step of percent up or down, not beyond the ends.
+    void stepTempo(int percent);
+    // "de" or "en".
+    void setLanguage(const QString &language);
 
     // Makes the selected song the current one.
     void loadCurrentSong();
     void setCurrentSong(SongPtr song);
     void selectNoneInLibrary();
+    void resetMusicListFilters();
+    // Brings the actions' states and texts up to date.
+    void adaptActions();
+    void adaptCountDownButtons();
+    void refreshFilterStats();
+    void toggleSlider();
+    // Asks for a file name and writes the selected song to it, at the tempo that is set.
+    void exportSongFile();
 
 protected:
     void changeEvent(QEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
 
 private:
+    struct Route;
+    static const Route routes[];
+
     void buildUi();
-    void createMenus();
+    QWidget *buildCenter();
     void createConnections();
-    void addColumnActions(QMenu *menu);
-    void addQuitAction(QMenu *menu);
+    void connectPlayer();
+    void connectPositionsPage();
     void showFirstScreen();
+    void enterScreen(int screen);
+    void stepScreen(int step);
+    // Rows, up below 0.
+    void scrollLibrary(int rows);
+    void scrollPlaylist(int rows);
+    void pagePlaylist(int pages);
+    // -1 the first row, 1 the last.
+    void showPlaylistEnd(int end);
+    // Makes a song of the left list the current one; nothing happens for an empty pointer.
+    void loadPlaylistSong(const SongPtr &song);
+    // Plays the left list's next song, or the one before it for -1.
+    void playPlaylistEntry(int step);
+    void followSelection();
+    void showPlaylist(bool shown);
+    void togglePlaylistManager();
+    // The list whose selection counts: the right one while it is the library, else the left one.
+    SongListSelection &activeSelection() const;
+    SongPtr songToPlay() const;
+    void selectInOtherTable(const SongPtr &song);
     void warnOfUnwritableMusicDir();
     void warnOfMissingLanguages();
     void refreshMusicList();
@@ -85,24 +129,40 @@ private:
 
     bool loadSettings();
     void applySettings();
+    void applyColumnSettings();
     void saveSettings();
     void collectSettings();
     void restoreWindow();
+    void restoreColumns();
     void applyTheme();
     // Height of the top frame in pixels, within 20 to 80; answers the height in force.
     int adaptToFrameHeight(int height);
+    void setFrameHeights(int height);
+    void stepFrameHeight(int pixels);
     void changeMusicDir(const QString &directory);
     void changeFontSize(int points);
     void changeFrameSize(int pixels);
+    void stepTimeDisplay();
+    void stepBpmDisplay();
+    int tempoPreset(int number) const;
+    void writeTempoPresetTexts();
+    void adaptTempoPresetChecks();
 
-    void carryOut(const KeyCommand &key);
+    // By so many milliseconds; only while the song plays, and not beyond its ends.
     void seek(int ms);
+    void seekTo(int ms);
     // Plays from a row of the positions; -1 plays from the beginning.
     void startFromPart(int row);
+    void startLoop(int row);
+    void warnOfCountDownWithoutBpm();
     void on_newTimeStamp(int ms);
     void on_playStatusChanged(bool playing);
     void on_partChanged(int part);
+    void adaptPlayActions(bool playing);
+    void adaptActionsToSong();
+    ActionState actionState() const;
     void adaptPositionsHeader();
+    void toggleColumn(int column);
     void retranslate();
     void takeFocusBack();
 
@@ -118,19 +178,30 @@ private:
 
     SongPtr currentSong;
     int tempo = 0;
+    int bpmDisplay = 0;
+    // The pause command stopped the player.
     bool paused = false;
+    // The window itself stops and restarts the player: that is no end of the song.
+    bool ignoreStop = false;
+    bool positionEditorOpen = false;
     bool scanning = false;
+    // The left list is wanted beside the first three screens.
+    bool playlistShown = false;
+    // Snapshots of the current song's positions, the one in force at the index.
+    QList<SongPositions> undoBuffer;
+    int undoIndex = 0;
 
     double screenDpi = -1.0;
+    Actions *actions = nullptr;
     TopFrame *frameTop = nullptr;
+    PositionSlider *frameSlider = nullptr;
     BottomFrame *buttonFrame = nullptr;
+    QSplitter *splitterPlaylist = nullptr;
+    SongListPanel *framePlaylist = nullptr;
     QStackedWidget *stackedWidget = nullptr;
     LibraryPage *libraryPage = nullptr;
     PositionsPage *positionsPage = nullptr;
     ChoreographyPage *choreographyPage = nullptr;
     SettingsPage *settingsPage = nullptr;
     HelpPage *helpPage = nullptr;
-    QList<QMenu *> screenMenus;                 // one a screen
-    QHash<QAction *, const char *> actionTexts; // source texts, for a change of language
-    QList<QAction *> columnActions;             // checked: the column is wanted; parts, beats, time
 };

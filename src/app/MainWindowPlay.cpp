@@ -1,66 +1,37 @@
-// The window's keys and what they do to the player and the current song.
+// The current song and its playing: what the window does with the player.
 
+#include "Actions.h"
 #include "BottomFrame.h"
 #include "ChoreographyPage.h"
+#include "FrozenTableView.h"
 #include "LibraryPage.h"
 #include "MainWindow.h"
+#include "MessageBoxes.h"
 #include "Player.h"
+#include "PositionSlider.h"
 #include "PositionsPage.h"
+#include "SongFileExport.h"
+#include "SongListPanel.h"
+#include "SongListTableModel.h"
 #include "TempoTexts.h"
 #include "TimeTexts.h"
+#include "TopFrame.h"
 
-#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QScopedValueRollback>
 #include <QtDebug>
 
-void MainWindow::carryOut(const KeyCommand &key)
+namespace {
+
+constexpr int largestTempo = 50; // percent, up and down
+
+bool isClipboardEmpty()
 {
-    switch (key.command) {
-    case Command::ShowScreen:
-        return showScreen(key.argument);
-    case Command::LoadAndShowPositions:
-        loadCurrentSong();
-        return showScreen(PositionsScreen);
-    case Command::ShowLibrary:
-        return showScreen(LibraryScreen);
-    case Command::LibraryUp:
-        return libraryPage->scrollUpMusicList(key.argument);
-    case Command::LibraryDown:
-        return libraryPage->scrollDownMusicList(key.argument);
-    case Command::LibraryPageUp:
-        return libraryPage->scrollUpMusicList(libraryPage->pageStep());
-    case Command::LibraryPageDown:
-        return libraryPage->scrollDownMusicList(libraryPage->pageStep());
-    case Command::PositionsUp:
-        return positionsPage->scrollUpPositions(key.argument);
-    case Command::PositionsDown:
-        return positionsPage->scrollDownPositions(key.argument);
-    case Command::SeekBack:
-        return seek(-key.argument);
-    case Command::SeekAhead:
-        return seek(key.argument);
-    case Command::TempoUp:
-        return onButtonTempoPlus_clicked();
-    case Command::TempoDown:
-        return onButtonTempoMinus_clicked();
-    case Command::StartPart:
-        // A number beyond the last part means no part: the song starts at its beginning.
-        return startFromPart(key.argument < positionsPage->rowCount() ? key.argument : -1);
-    case Command::Play:
-        return onButtonPlay_clicked();
-    case Command::Pause:
-        return onButtonPause_clicked();
-    case Command::PlayPause:
-        return onButtonPlayPause_clicked();
-    case Command::Stop:
-        return onButtonStop_clicked();
-    case Command::TogglePartColumn:
-        return columnActions.constFirst()->trigger();
-    case Command::Rescan:
-        return refreshAllLists();
-    case Command::Quit:
-        byeBye();
-    }
+    return QApplication::clipboard()->text().isEmpty();
 }
+
+} // namespace
 
 void MainWindow::seek(int ms)
 {
@@ -68,37 +39,70 @@ void MainWindow::seek(int ms)
         return;
     const int now = player->getPlaytime();
     const bool possible = ms < 0 ? now >= -ms : now + ms < player->getPlaytimeTotal();
-    if (!possible)
+    if (possible)
+        seekTo(now + ms);
+}
+
+void MainWindow::seekTo(int ms)
+{
+    if (!currentSong)
         return;
-    player->startFromPlaytime(now + ms);
+    const QScopedValueRollback<bool> own(ignoreStop, true);
+    player->startFromPlaytime(ms);
 }
 
 void MainWindow::startFromPart(int row)
 {
     if (!currentSong)
         return;
+    const QScopedValueRollback<bool> own(ignoreStop, true);
     player->startFromPart(row);
+    adaptPlayActions(true);
     takeFocusBack();
+}
+
+void MainWindow::startLoop(int row)
+{
+    if (row < 0)
+        return;
+    const QScopedValueRollback<bool> own(ignoreStop, true);
+    player->startLoop(row, row);
 }
 
 void MainWindow::onButtonPlay_clicked()
 {
     paused = false;
-    const SongPtr selected = libraryPage->selectedSong();
-    if (selected && selected != currentSong)
+    if (songToPlay() != currentSong)
         loadCurrentSong();
-    if (currentSong)
+    if (currentSong) {
+        warnOfCountDownWithoutBpm();
+        // A start begins with a stop, and one without an output ends with it.
+        const QScopedValueRollback<bool> own(ignoreStop, true);
         player->start();
+        adaptPlayActions(true);
+    }
     takeFocusBack();
+}
+
+void MainWindow::warnOfCountDownWithoutBpm()
+{
+    // A file without beats comes with the text "0".
+    if (currentSong->getCountDowns().count() == 0 || currentSong->getBpm().toDouble() != 0.0)
+        return;
+    showInfo(tr("Dieser Song enthält einen Countdown, aber keine BPM Angabe, daher wird der "
+                "Countdown nicht angezeigt.<br>Wenn der Countdown angezeigt werden soll, ist eine "
+                "korrekte BPM Angabe notwendig."));
 }
 
 void MainWindow::onButtonPause_clicked()
 {
     paused = player->isPlaying();
-    if (paused)
+    if (paused) {
         player->pause();
-    else
+    } else {
+        const QScopedValueRollback<bool> own(ignoreStop, true);
         player->resume();
+    }
     takeFocusBack();
 }
 
@@ -113,22 +117,18 @@ void MainWindow::onButtonPlayPause_clicked()
 void MainWindow::onButtonStop_clicked()
 {
     paused = false;
-    player->stop();
+    {
+        const QScopedValueRollback<bool> own(ignoreStop, true);
+        player->stop();
+    }
+    adaptPlayActions(false);
     takeFocusBack();
 }
 
-void MainWindow::onButtonTempoPlus_clicked()
+void MainWindow::stepTempo(int percent)
 {
-    if (tempo < 50)
-        setTempo(tempo + 1);
-    takeFocusBack();
-}
-
-void MainWindow::onButtonTempoMinus_clicked()
-{
-    if (tempo > -50)
-        setTempo(tempo - 1);
-    takeFocusBack();
+    if (qAbs(tempo + percent) <= largestTempo)
+        setTempo(tempo + percent);
 }
 
 void MainWindow::setTempo(int percent)
@@ -140,56 +140,230 @@ void MainWindow::setTempo(int percent)
                               tempoBpmText(percent, currentSong->getBpm().toInt()));
     else
         buttonFrame->setTempo({}, {});
+    adaptTempoPresetChecks();
+}
+
+void MainWindow::adaptTempoPresetChecks()
+{
+    for (int number = 1; number <= BottomFrame::presetCount; ++number)
+        buttonFrame->setPresetChecked(number, currentSong && tempoPreset(number) == tempo);
 }
 
 void MainWindow::loadCurrentSong()
 {
-    const SongPtr selected = libraryPage->selectedSong();
+    const SongPtr selected = activeSelection().song();
     if (selected && selected != currentSong)
         setCurrentSong(selected);
     else if (!selected && !currentSong)
         selectNoneInLibrary();
 }
 
+SongListSelection &MainWindow::activeSelection() const
+{
+    SongListPanel *right = libraryPage->songList();
+    return (right->model()->isMaster() ? right : framePlaylist)->selection();
+}
+
+// The song that is chosen; none when that can't be told.
+SongPtr MainWindow::songToPlay() const
+{
+    if (const SongPtr chosen = activeSelection().song())
+        return chosen;
+    const SongPtr left = framePlaylist->selection().song();
+    const bool noneOnTheRight = libraryPage->songList()->selection().rows().isEmpty();
+    return noneOnTheRight && left == currentSong ? left : SongPtr();
+}
+
+void MainWindow::scrollPlaylist(int rows)
+{
+    SongListSelection &list = framePlaylist->selection();
+    loadPlaylistSong(rows < 0 ? list.goToPrevious() : list.goToNext());
+}
+
+void MainWindow::pagePlaylist(int pages)
+{
+    SongListSelection &list = framePlaylist->selection();
+    loadPlaylistSong(pages < 0 ? list.goPageUp() : list.goPageDown());
+}
+
+void MainWindow::showPlaylistEnd(int end)
+{
+    SongListSelection &list = framePlaylist->selection();
+    loadPlaylistSong(end < 0 ? list.goToFirst() : list.goToLast());
+}
+
+void MainWindow::loadPlaylistSong(const SongPtr &song)
+{
+    if (song)
+        setCurrentSong(song);
+}
+
+// At the end of the list nothing plays and nothing is selected any more.
+void MainWindow::playPlaylistEntry(int step)
+{
+    SongListSelection &list = framePlaylist->selection();
+    if (list.rows().size() != 1)
+        return;
+    const SongPtr song = step < 0 ? list.previousEntry() : list.nextEntry();
+    if (!song)
+        return;
+    {
+        const QScopedValueRollback<bool> own(ignoreStop, true);
+        setCurrentSong(song);
+    }
+    refreshFilterStats();
+    onButtonPlay_clicked();
+}
+
 // The player runs the event loop while it decodes: by the time it returns another song may have
 // been chosen, and then this one's part is over.
 void MainWindow::setCurrentSong(SongPtr song)
 {
+    if (positionEditorOpen)
+        return;
     currentSong = song;
-    player->setSong(song);
+    {
+        const QScopedValueRollback<bool> own(ignoreStop, true);
+        player->setSong(song);
+    }
     if (currentSong != song)
         return;
     setTempo(song ? static_cast<int>(song->getTempo()) : 0);
     positionsPage->setSong(song);
     choreographyPage->setSongPresent(!song.isNull());
+    selectInOtherTable(song);
     adaptPositionsHeader();
     if (currentScreen() == PositionsScreen)
         positionsPage->refreshPositionsWindow();
+    adaptActionsToSong();
+    undoBuffer = {song ? song->getPositions() : SongPositions()};
+    undoIndex = 0;
+    adaptPlayActions(false);
     takeFocusBack();
+}
+
+// Both lists show the song that is chosen in one of them.
+void MainWindow::selectInOtherTable(const SongPtr &song)
+{
+    for (SongListPanel *panel : {framePlaylist, libraryPage->songList()})
+        if (song && panel->selection().song() != song)
+            panel->selection().select(song);
+}
+
+void MainWindow::adaptActionsToSong()
+{
+    adaptActions();
+    adaptCountDownButtons();
+    if (!currentSong)
+        return;
+    actions->adaptToSong({.hasPositions = currentSong->getPositions().count() > 0,
+                          .hasChoreography = currentSong->getCuesheet().isPresent(),
+                          .clipboardEmpty = isClipboardEmpty()});
 }
 
 void MainWindow::selectNoneInLibrary()
 {
     libraryPage->clearSelection();
+    framePlaylist->selection().clear();
     setCurrentSong({});
+    adaptActions();
+    refreshFilterStats();
+}
+
+void MainWindow::resetMusicListFilters()
+{
+    frameTop->clearFilter();
+    selectNoneInLibrary();
+}
+
+// What is written is the player's song: the selected one has to be that.
+void MainWindow::exportSongFile()
+{
+    loadCurrentSong();
+    const QString file = currentSong ? currentSong->getFilename() : QString();
+    const QString target = SongFileExport::chooseTarget(this, file, buttonFrame->tempoText());
+    if (!target.isEmpty())
+        player->convert(target, tempo);
+    takeFocusBack();
 }
 
 void MainWindow::on_newTimeStamp(int ms)
 {
     buttonFrame->setRunTime(runTimeText(ms));
+    if (ms >= 0)
+        frameSlider->setPosition(ms);
 }
 
 void MainWindow::on_playStatusChanged(bool playing)
 {
+    qDebug().noquote() << (playing ? "Playing" : "Not playing")
+                       << (currentSong ? currentSong->getFilename() : QString());
     // A part or a time can be played out of a pause as well.
     if (playing)
         paused = false;
-    qDebug().noquote() << (playing ? "Playing" : "Not playing")
-                       << (currentSong ? currentSong->getFilename() : QString());
+    if (playing && currentSong) {
+        frameSlider->setLength(currentSong->getPlayLength() * 1000);
+        return;
+    }
+    if (!paused) {
+        frameSlider->setPosition(0);
+        adaptPlayActions(false);
+    }
+    if (!ignoreStop && !paused && !frameSlider->isHeld() && framePlaylist->isNonStop())
+        playPlaylistEntry(1);
 }
 
 void MainWindow::on_partChanged(int part)
 {
     qDebug() << "Active part:" << part << "at" << player->getPlaytime() << "ms";
     positionsPage->on_partChanged(part);
+}
+
+void MainWindow::adaptPlayActions(bool playing)
+{
+    ActionState state = actionState();
+    state.playing = playing;
+    for (const ActionId id : {ActionId::RemoveSongFiles, ActionId::MoveSongFiles})
+        actions->action(id)->setEnabled(*isActionEnabled(id, state));
+}
+
+ActionState MainWindow::actionState() const
+{
+    const QList<SongPtr> selected = activeSelection().songs();
+    ActionState state;
+    state.songsSelected = static_cast<int>(selected.size());
+    state.rows = positionsPage->rowCount();
+    state.hasMarkedRow = positionsPage->hasMarkedRow();
+    state.clipboardEmpty = isClipboardEmpty();
+    state.playing = player->isPlaying();
+    state.locked = positionEditorOpen;
+    state.hasSong = !currentSong.isNull();
+    for (const SongPtr &song : selected) {
+        state.withChoreography += song->getCuesheet().isPresent() ? 1 : 0;
+        state.withPositions += song->getPositions().count() > 0 ? 1 : 0;
+    }
+    return state;
+}
+
+void MainWindow::adaptActions()
+{
+    const ActionState state = actionState();
+    actions->adapt(state);
+    frameTop->setLocked(state.locked);
+    buttonFrame->setScreenEnabled(SettingsScreen, !state.locked);
+    framePlaylist->setDisabled(state.locked);
+    libraryPage->songList()->table()->setDisabled(state.locked);
+    if (!currentSong)
+        buttonFrame->setTempo({}, {});
+    adaptTempoPresetChecks();
+    takeFocusBack();
+}
+
+void MainWindow::adaptCountDownButtons()
+{
+    const bool hasCountDowns = currentSong && currentSong->getCountDowns().count() > 0;
+    frameTop->setCountDownButtons(!currentSong.isNull(), hasCountDowns);
+    QAction *action = actions->action(ActionId::EditCountDown);
+    actions->setPicture(ActionId::EditCountDown, hasCountDowns ? "Stopwatch" : "Emptywatch");
+    action->setEnabled(!currentSong.isNull() && !positionEditorOpen);
 }

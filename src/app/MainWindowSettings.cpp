@@ -1,15 +1,21 @@
 // What the window reads from the settings store at its start and writes at its end.
 
+#include "Actions.h"
 #include "BottomFrame.h"
 #include "FileTools.h"
 #include "LibraryPage.h"
 #include "MainWindow.h"
 #include "MessageBoxes.h"
+#include "PositionSlider.h"
 #include "PositionsPage.h"
+#include "ProgramStyle.h"
 #include "Settings.h"
 #include "SettingsPage.h"
+#include "SongListPanel.h"
 #include "SongListTableModel.h"
+#include "TempoTexts.h"
 #include "Theme.h"
+#include "ThemeContext.h"
 #include "TopFrame.h"
 
 #include <QAction>
@@ -17,6 +23,7 @@
 #include <QDir>
 #include <QScreen>
 #include <QSettings>
+#include <QSplitter>
 
 #include <algorithm>
 
@@ -25,6 +32,18 @@ using Settings::Key;
 namespace {
 
 bool restartRequested = false;
+
+struct ColumnSetting
+{
+    Key key;
+    ActionId action;
+    PositionsColumn column;
+};
+constexpr ColumnSetting columnSettings[] = {
+    {Key::ShowPartColumn, ActionId::PartColumn, PartColumn},
+    {Key::ShowBeatColumn, ActionId::BeatsColumn, BeatsColumn},
+    {Key::ShowTimeColumn, ActionId::TimeColumn, TimeColumn},
+};
 
 Settings::Environment environment()
 {
@@ -53,6 +72,8 @@ bool MainWindow::loadSettings()
     resize(QGuiApplication::primaryScreen()->availableSize() * 3 / 4);
     if (settings.wasStored())
         restoreWindow();
+    else
+        splitterPlaylist->setSizes({width() / 5, width() * 4 / 5});
     applySettings();
     return settings.wasStored();
 }
@@ -61,32 +82,95 @@ void MainWindow::restoreWindow()
 {
     restoreGeometry(settings.bytes(Key::MainWindowGeometry));
     restoreState(settings.bytes(Key::MainWindowState));
+    splitterPlaylist->restoreState(settings.bytes(Key::MainWinSplitterState));
+}
+
+// A list without a state of its own keeps what it began with.
+void MainWindow::restoreColumns()
+{
+    libraryPage->restoreColumnConfig(settings.bytes(Key::ColumnConfig));
+    // What older versions kept of the left list had other columns.
+    if (settings.storedVersion() > QVersionNumber(6, 0, 0))
+        framePlaylist->restoreColumnConfig(settings.bytes(Key::LibPlaylistColumnConfig));
 }
 
 void MainWindow::applySettings()
 {
-    frameTop->setFrameHeight(settings.number(Key::FrameHeight));
-    buttonFrame->setFrameHeight(settings.number(Key::FrameHeight));
+    setFrameHeights(settings.number(Key::FrameHeight));
     settingsPage->setFrameSize(settings.number(Key::FrameHeight));
     buttonFrame->setTimeDisplayMode(settings.number(Key::TimeDisplayMode));
     settingsPage->setFontSize(settings.number(Key::FontSize));
     settingsPage->setMaxFontSizePositions(settings.number(Key::MaxFontSizeLyrics));
     settingsPage->setMusicDir(settings.text(Key::MusicDir));
-    constexpr Key columnKeys[] = {Key::ShowPartColumn, Key::ShowBeatColumn, Key::ShowTimeColumn};
-    for (std::size_t i = 0; i < std::size(columnKeys); ++i) {
-        QAction *action = columnActions.at(static_cast<qsizetype>(i));
-        action->setChecked(settings.flag(columnKeys[i]));
-        positionsPage->setColumnShown(static_cast<PositionsColumn>(action->data().toInt()),
-                                      action->isChecked());
-    }
+    applyColumnSettings();
     positionsPage->setMaxFontSize(settingsPage->maxFontSizePositions());
     positionsPage->setVerticalAlignment(
         Qt::Alignment::fromInt(settings.number(Key::PositionAlignment)));
     positionsPage->setFullWidth(settings.flag(Key::LyricsFullPage));
     frameTop->setFullWidth(settings.flag(Key::LyricsFullPage));
     SongListTableModel::setHighIntermediateName(settings.text(Key::HighIntermediate));
-    languages.setLanguage(settings.languageCode());
+    frameSlider->setVisible(settings.flag(Key::ShowSlider));
+    actions->action(ActionId::Slider)->setChecked(settings.flag(Key::ShowSlider));
+    framePlaylist->setNonStop(settings.flag(Key::PlaylistNonStop));
+    buttonFrame->setPresetsShown(!settings.flag(Key::HideTempoButtons));
+    bpmDisplay = settings.number(Key::BpmDisplay);
+    writeTempoPresetTexts();
+    setLanguage(settings.languageCode());
     applyTheme();
+}
+
+void MainWindow::applyColumnSettings()
+{
+    for (const ColumnSetting &column : columnSettings) {
+        actions->action(column.action)->setChecked(settings.flag(column.key));
+        positionsPage->setColumnShown(column.column, settings.flag(column.key));
+    }
+}
+
+// The rows stay as they are until the next rebuild.
+void MainWindow::toggleColumn(int column)
+{
+    for (const ColumnSetting &setting : columnSettings) {
+        if (setting.column != column)
+            continue;
+        const bool shown = !positionsPage->isColumnShown(setting.column);
+        positionsPage->setColumnShown(setting.column, shown);
+        actions->action(setting.action)->setChecked(shown);
+    }
+}
+
+void MainWindow::toggleSlider()
+{
+    const bool shown = frameSlider->isHidden();
+    frameSlider->setVisible(shown);
+    actions->action(ActionId::Slider)->setChecked(shown);
+}
+
+int MainWindow::tempoPreset(int number) const
+{
+    constexpr Key keys[] = {Key::TempoDefault1, Key::TempoDefault2, Key::TempoDefault3,
+                            Key::TempoDefault4, Key::TempoDefault5};
+    return settings.number(keys[number - 1]);
+}
+
+void MainWindow::writeTempoPresetTexts()
+{
+    for (int number = 1; number <= BottomFrame::presetCount; ++number)
+        buttonFrame->setPreset(number, tempoPresetText(tempoPreset(number)));
+}
+
+void MainWindow::stepTimeDisplay()
+{
+    const int mode = (buttonFrame->timeDisplayMode() + 1) % timeDisplayModes;
+    buttonFrame->setTimeDisplayMode(mode);
+    Settings::setValue(Key::TimeDisplayMode, mode);
+    Settings::instance()->sync();
+}
+
+void MainWindow::stepBpmDisplay()
+{
+    bpmDisplay = (bpmDisplay + 1) % bpmDisplays;
+    buttonFrame->setBpmDisplay(bpmDisplay);
 }
 
 void MainWindow::applyTheme()
@@ -99,27 +183,56 @@ void MainWindow::applyTheme()
                 .arg(theme.directory, QStringLiteral(":/%1/StyleSheet.qss").arg(theme.directory)));
         return;
     }
+    const QString filled
+        = filledStyleSheet(sheet, {.screenDpi = screenDpi,
+                                   .fontSize = settingsPage->fontSize(),
+                                   .screenButtonHeight = frameTop->menuButtonHeight(),
+                                   .topFrameHeight = frameTop->height()});
+    // The longest that the window is ever busy: never for nothing.
+    if (qApp->styleSheet() != filled)
+        qApp->setStyleSheet(filled);
+    setMenuIconSize(settingsPage->fontSize() * 5 / 3);
+    const QString pictures = QStringLiteral(":/") + theme.directory;
+    actions->setPictures(pictures);
+    frameTop->setPictures(pictures);
+    for (SongListPanel *panel : {framePlaylist, libraryPage->songList()}) {
+        panel->setFontSize(settingsPage->fontSize());
+        panel->setPictures(pictures);
+    }
+    // After the sheet: setting one brings the palettes back that were there before.
     setPaletteAll(this, theme.palette);
-    qApp->setStyleSheet(filledStyleSheet(sheet, {.screenDpi = screenDpi,
-                                                 .fontSize = settingsPage->fontSize(),
-                                                 .screenButtonHeight = frameTop->menuButtonHeight(),
-                                                 .topFrameHeight = frameTop->height()}));
-    libraryPage->setFontSize(settingsPage->fontSize());
+    setThemeContext({frameTop->menuButtonHeight(), frameTop->menuButtonHeight()}, pictures);
 }
 
 int MainWindow::adaptToFrameHeight(int height)
 {
     constexpr int smallest = 20;
     constexpr int largest = 80;
-    if (height < smallest)
+    if (height <= frameTop->filterFontPixels() || height < smallest)
         return smallest;
     if (height >= QGuiApplication::primaryScreen()->size().height() / 9 || height > largest)
         return largest;
-    frameTop->setFrameHeight(height);
-    buttonFrame->setFrameHeight(height);
+    setFrameHeights(height);
     applyTheme();
     adaptPositionsHeader();
     return height;
+}
+
+void MainWindow::setFrameHeights(int height)
+{
+    frameTop->setFrameHeight(height);
+    frameSlider->setFrameHeight(height);
+    buttonFrame->setFrameHeight(height);
+    for (SongListPanel *panel : {framePlaylist, libraryPage->songList()}) {
+        panel->setButtonSize({height * 4 / 5, height * 4 / 5});
+        panel->setButtonSpacing(static_cast<int>(screenDpi * 0.125));
+    }
+}
+
+void MainWindow::stepFrameHeight(int pixels)
+{
+    settingsPage->setFrameSize(adaptToFrameHeight(frameTop->height() + pixels));
+    saveSettings();
 }
 
 void MainWindow::changeFontSize(int points)
@@ -160,14 +273,19 @@ void MainWindow::changeMusicDir(const QString &directory)
 void MainWindow::collectSettings()
 {
     settings.set(Key::ColumnConfig, libraryPage->columnConfig());
+    settings.set(Key::LibPlaylistColumnConfig, framePlaylist->columnConfig());
+    settings.set(Key::MainWinSplitterState, splitterPlaylist->saveState());
+    settings.set(Key::SplitterPlaylistGeometry, splitterPlaylist->saveState());
+    settings.set(Key::PlaylistNonStop, framePlaylist->isNonStop());
     settings.set(Key::MainWindowGeometry, saveGeometry());
     settings.set(Key::MainWindowState, saveState());
     settings.set(Key::FontSize, settingsPage->fontSize());
     settings.set(Key::MaxFontSizeLyrics, settingsPage->maxFontSizePositions());
     settings.set(Key::FrameHeight, frameTop->height());
-    settings.set(Key::ShowPartColumn, columnActions.at(0)->isChecked());
-    settings.set(Key::ShowBeatColumn, columnActions.at(1)->isChecked());
-    settings.set(Key::ShowTimeColumn, columnActions.at(2)->isChecked());
+    for (const ColumnSetting &column : columnSettings)
+        settings.set(column.key, actions->action(column.action)->isChecked());
+    settings.set(Key::ShowSlider, !frameSlider->isHidden());
+    settings.set(Key::BpmDisplay, bpmDisplay);
     settings.set(Key::LyricsFullPage, frameTop->isFullWidth());
     settings.set(Key::TimeDisplayMode, buttonFrame->timeDisplayMode());
     settings.set(Key::Language, QLocale().name());

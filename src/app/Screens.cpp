@@ -5,11 +5,11 @@
 namespace {
 
 constexpr ScreenRow rows[screenCount] = {
-    {QT_TRANSLATE_NOOP("Screens", "Musik"), "♫", "F1"},
-    {QT_TRANSLATE_NOOP("Screens", "Positionen"), "☰", "F2"},
-    {QT_TRANSLATE_NOOP("Screens", "Choreografie"), "🗎", "F3"},
-    {QT_TRANSLATE_NOOP("Screens", "Einstellungen"), "⚙", "F4"},
-    {QT_TRANSLATE_NOOP("Screens", "Hilfe"), "?", "F5"},
+    {QT_TRANSLATE_NOOP("Screens", "Musik"), "Library", "F1"},
+    {QT_TRANSLATE_NOOP("Screens", "Positionen"), "Positions", "F2"},
+    {QT_TRANSLATE_NOOP("Screens", "Choreografie"), "PDF", "F3"},
+    {QT_TRANSLATE_NOOP("Screens", "Einstellungen"), "Settings", "F4"},
+    {QT_TRANSLATE_NOOP("Screens", "Hilfe"), "Help", "F5"},
 };
 
 } // namespace
@@ -22,11 +22,6 @@ const ScreenRow &screenRow(int screen)
 QString screenName(int screen)
 {
     return QCoreApplication::translate("Screens", rows[screen].name);
-}
-
-QString screenSymbol(int screen)
-{
-    return QString::fromUtf8(rows[screen].symbol);
 }
 
 QString screenTip(int screen)

@@ -8,14 +8,13 @@ constexpr int screenCount = 5;
 
 struct ScreenRow
 {
-    const char *name;   // to be translated in the context "Screens"
-    const char *symbol; // UTF-8
+    const char *name;    // to be translated in the context "Screens"
+    const char *picture; // base name of the theme's picture
     const char *key;
 };
 
 const ScreenRow &screenRow(int screen);
 // The screen's title in the language in force.
 QString screenName(int screen);
-QString screenSymbol(int screen);
 // Title and key, for a tool tip: "Musik       F1".
 QString screenTip(int screen);

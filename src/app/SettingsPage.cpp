@@ -130,5 +130,6 @@ int SettingsPage::frameSize() const
 
 void SettingsPage::setFrameSize(int pixels)
 {
+    const QSignalBlocker quiet(spinBoxFrameSize);
     spinBoxFrameSize->setValue(pixels);
 }

@@ -24,7 +24,7 @@ public:
     // Largest font of the positions page in points, from 10.
     int maxFontSizePositions() const;
     void setMaxFontSizePositions(int points);
-    // Height of the top frame in pixels, 20 to 80.
+    // Height of the top frame in pixels, 20 to 80. Setting it signals nothing.
     int frameSize() const;
     void setFrameSize(int pixels);
     void retranslate();

@@ -14,3 +14,8 @@ QString tempoBpmText(int percent, int bpm)
         return {};
     return QString::number((percent + 100) * bpm / 100) + QLatin1Char('b');
 }
+
+QString tempoPresetText(int percent)
+{
+    return QStringLiteral("%1%2%").arg(percent >= 1 ? QStringLiteral("+") : QString()).arg(percent);
+}

@@ -8,3 +8,6 @@ QString tempoText(int percent);
 
 // The beats a minute at this tempo, "114b"; empty for a song without a bpm.
 QString tempoBpmText(int percent, int bpm);
+
+// The text of a preset button: "+5%", "0%", "-22%".
+QString tempoPresetText(int percent);

@@ -4,12 +4,59 @@
 #include "Screens.h"
 
 #include <QHBoxLayout>
+#include <QIcon>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
 #include <QToolButton>
 
 namespace {
+
+enum ButtonId {
+    ResetFilterButton,
+    ResetSelectionButton,
+    CountDownEmptyButton,
+    CountDownFullButton,
+    DisplayButton,
+    PlaylistManagerButton,
+    PlaylistModeButton,
+    ButtonCount
+};
+
+struct ButtonRow
+{
+    const char *name;
+    const char *tip;
+    Command command;
+    bool checkable;
+    bool small;
+};
+
+constexpr ButtonRow buttonTable[ButtonCount] = {
+    {"buttonResetFilter", QT_TRANSLATE_NOOP("TopFrame", "Alle Filter zurücksetzen       R"),
+     Command::ResetFilters, false, true},
+    {"buttonResetSelection",
+     QT_TRANSLATE_NOOP("TopFrame", "Auswahl aufheben       Strg+Umschalt+A"), Command::SelectNoSong,
+     false, true},
+    {"buttonCountDownEmpty", QT_TRANSLATE_NOOP("TopFrame", "Countdown bearbeiten       Alt+C"),
+     Command::EditCountDown, false, false},
+    {"buttonCountDownFull", QT_TRANSLATE_NOOP("TopFrame", "Countdown bearbeiten       Alt+C"),
+     Command::EditCountDown, false, false},
+    {"buttonPositionsDisplay",
+     QT_TRANSLATE_NOOP("TopFrame", "Schaltet um zwischen voller Breite und ganzem Text      W"),
+     Command::TogglePositionsDisplay, true, false},
+    {"buttonPlaylistManager", QT_TRANSLATE_NOOP("TopFrame", "Zweite Liste wählen und bearbeiten"),
+     Command::TogglePlaylistManager, true, false},
+    {"buttonPlaylistMode", QT_TRANSLATE_NOOP("TopFrame", "Playlist anzeigen       L"),
+     Command::TogglePlaylistPanel, true, false},
+};
+
+constexpr unsigned on(Screen screen)
+{
+    return 1U << screen;
+}
+constexpr unsigned withSong = on(PositionsScreen) | on(ChoreographyScreen);
 
 template <typename Widget> Widget *named(const char *name, QWidget *parent)
 {
@@ -22,19 +69,33 @@ template <typename Widget> Widget *named(const char *name, QWidget *parent)
 
 TopFrame::TopFrame(QWidget *parent)
     : QFrame(parent)
-    , screenMenu(new QMenu(this))
     , toolButtonScreenSelect(named<QToolButton>("toolButtonScreenSelect", this))
     , labelScreen(named<QLabel>("labelScreen", this))
+    , lineEditFilter(named<QLineEdit>("lineEditFilter", this))
     , labelPositionsHeader(named<QLabel>("labelPositionsHeader", this))
+    , labelFilterStats(named<QLabel>("labelFilterStats", this))
     , labelPositionsAdditionalInfoL(named<QLabel>("labelPositionsAdditionalInfoL", this))
     , labelPositionsAdditionalInfoR(named<QLabel>("labelPositionsAdditionalInfoR", this))
-    , buttonPositionsDisplay(named<QPushButton>("buttonPositionsDisplay", this))
     , toolButtonRightMenu(named<QToolButton>("toolButtonRightMenu", this))
 {
     setObjectName(QStringLiteral("frameTop"));
+    addButtons();
     addWidgets();
-    makeScreenMenu();
     retranslate();
+    setCountDownButtons(false, false);
+}
+
+void TopFrame::addButtons()
+{
+    for (const ButtonRow &row : buttonTable) {
+        auto *button = named<QPushButton>(row.name, this);
+        button->setCheckable(row.checkable);
+        buttons.append(button);
+        connect(button, &QPushButton::clicked, this, [this, command = row.command] {
+            Q_EMIT requested({command, 0});
+        });
+    }
+    buttons.at(DisplayButton)->setShortcut(Qt::Key_W);
 }
 
 void TopFrame::addWidgets()
@@ -42,60 +103,86 @@ void TopFrame::addWidgets()
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(8, 2, 8, 2);
     layout->setSpacing(8);
-    for (QWidget *widget : std::initializer_list<QWidget *>{
-             toolButtonScreenSelect, labelScreen, labelPositionsHeader,
-             labelPositionsAdditionalInfoL, labelPositionsAdditionalInfoR, buttonPositionsDisplay,
-             toolButtonRightMenu}) {
+    QList<QWidget *> all{toolButtonScreenSelect, labelScreen, lineEditFilter, labelPositionsHeader,
+                         labelFilterStats};
+    all += QList<QWidget *>(buttons.cbegin(), buttons.cbegin() + CountDownEmptyButton);
+    all << labelPositionsAdditionalInfoL << labelPositionsAdditionalInfoR;
+    all += QList<QWidget *>(buttons.cbegin() + CountDownEmptyButton, buttons.cend());
+    all << toolButtonRightMenu;
+    for (QWidget *widget : std::as_const(all)) {
         widget->setFocusPolicy(Qt::NoFocus);
         layout->addWidget(widget);
     }
+    lineEditFilter->setFocusPolicy(Qt::ClickFocus);
+    lineEditFilter->setClearButtonEnabled(true);
     labelPositionsHeader->setTextFormat(Qt::PlainText);
     labelPositionsHeader->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     layout->setStretchFactor(labelPositionsHeader, 1000);
+    layout->setStretchFactor(lineEditFilter, 1000);
     // Keeps the buttons at the right where the header is hidden.
     layout->insertStretch(layout->indexOf(labelPositionsHeader) + 1, 1);
+    labelFilterStats->setTextFormat(Qt::PlainText);
     labelPositionsAdditionalInfoL->setTextFormat(Qt::PlainText);
     labelPositionsAdditionalInfoR->setTextFormat(Qt::RichText);
     labelPositionsAdditionalInfoL->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    buttonPositionsDisplay->setCheckable(true);
-    toolButtonRightMenu->setText(QStringLiteral("≡"));
     toolButtonRightMenu->setPopupMode(QToolButton::InstantPopup);
     toolButtonScreenSelect->setPopupMode(QToolButton::InstantPopup);
-    connect(buttonPositionsDisplay, &QPushButton::clicked, this, &TopFrame::fullWidthToggled);
 }
 
-void TopFrame::makeScreenMenu()
+void TopFrame::setScreenMenu(QMenu *menu)
 {
-    toolButtonScreenSelect->setMenu(screenMenu);
-    for (int i = 0; i < screenCount; ++i)
-        connect(screenMenu->addAction(QString()), &QAction::triggered, this,
-                [this, i] { Q_EMIT screenRequested(i); });
+    toolButtonScreenSelect->setMenu(menu);
 }
 
 void TopFrame::retranslate()
 {
-    buttonPositionsDisplay->setToolTip(
-        tr("Schaltet um zwischen voller Breite und ganzem Text      W"));
-    toolButtonRightMenu->setToolTip(tr("Menü"));
-    toolButtonScreenSelect->setToolTip(tr("Bildschirm wählen"));
-    const QList<QAction *> actions = screenMenu->actions();
-    for (int i = 0; i < screenCount; ++i)
-        actions.at(i)->setText(screenName(i) + QLatin1Char('\t') + QLatin1String(screenRow(i).key));
-    setFullWidth(isFullWidth());
+    const auto tell = [](QWidget *widget, const QString &tip) {
+        widget->setToolTip(tip);
+        widget->setAccessibleName(tip.section(QStringLiteral("  "), 0, 0));
+    };
+    for (int i = 0; i < ButtonCount; ++i)
+        tell(buttons.at(i), tr(buttonTable[i].tip));
+    tell(toolButtonRightMenu, tr("Menü"));
+    tell(toolButtonScreenSelect, tr("Bildschirm wählen       F1 ... F5"));
+    tell(lineEditFilter, tr("Suche in allen Spalten       F"));
+    lineEditFilter->setPlaceholderText(tr("Suchen"));
     labelScreen->setText(screenName(screen));
 }
 
 void TopFrame::setScreen(int newScreen, QMenu *menu)
 {
     screen = newScreen;
-    const bool showsSong = screen == PositionsScreen || screen == ChoreographyScreen;
     labelScreen->setText(screenName(screen));
-    toolButtonScreenSelect->setText(screenSymbol(screen));
+    setPictures(pictures);
     toolButtonRightMenu->setMenu(menu);
-    buttonPositionsDisplay->setVisible(screen == PositionsScreen);
-    labelPositionsHeader->setVisible(showsSong);
-    labelPositionsAdditionalInfoL->setVisible(showsSong);
-    labelPositionsAdditionalInfoR->setVisible(showsSong);
+    const std::pair<QWidget *, unsigned> shown[] = {
+        {buttons.at(PlaylistManagerButton), on(LibraryScreen)},
+        {buttons.at(PlaylistModeButton), on(LibraryScreen) | withSong},
+        {buttons.at(ResetFilterButton), on(LibraryScreen)},
+        {buttons.at(ResetSelectionButton), on(LibraryScreen)},
+        {labelFilterStats, on(LibraryScreen)},
+        {lineEditFilter, on(LibraryScreen)},
+        {buttons.at(DisplayButton), on(PositionsScreen)},
+        {labelPositionsAdditionalInfoL, withSong},
+        {labelPositionsAdditionalInfoR, withSong},
+        {labelPositionsHeader, withSong},
+    };
+    for (const auto &[widget, screens] : shown)
+        widget->setVisible((screens & (1U << screen)) != 0);
+}
+
+void TopFrame::resizeEvent(QResizeEvent *event)
+{
+    QFrame::resizeEvent(event);
+    labelPositionsAdditionalInfoR->setMaximumWidth(width() / 4);
+    Q_EMIT infoRoomChanged();
+}
+
+void TopFrame::setPictures(const QString &directory)
+{
+    pictures = directory;
+    toolButtonScreenSelect->setIcon(
+        QIcon(QStringLiteral("%1/%2.png").arg(pictures, QLatin1String(screenRow(screen).picture))));
 }
 
 void TopFrame::setSongTexts(const PositionsHeader &header)
@@ -106,10 +193,15 @@ void TopFrame::setSongTexts(const PositionsHeader &header)
     labelPositionsAdditionalInfoR->setText(header.infoValues);
 }
 
+void TopFrame::setFilterStats(const QString &text)
+{
+    labelFilterStats->setText(text);
+}
+
 QString TopFrame::elideForInfo(const QString &text) const
 {
     const QFontMetrics metrics(labelPositionsAdditionalInfoR->font());
-    return metrics.elidedText(text, Qt::ElideRight, width() / 4);
+    return metrics.elidedText(text, Qt::ElideRight, labelPositionsAdditionalInfoR->maximumWidth());
 }
 
 int TopFrame::menuButtonHeight() const
@@ -117,30 +209,109 @@ int TopFrame::menuButtonHeight() const
     return toolButtonScreenSelect->height();
 }
 
+int TopFrame::filterFontPixels() const
+{
+    return QFontInfo(lineEditFilter->font()).pixelSize();
+}
+
 void TopFrame::setFrameHeight(int height)
 {
     setFixedHeight(height);
     const int medium = height * 4 / 5;
-    for (QWidget *button : std::initializer_list<QWidget *>{
-             toolButtonScreenSelect, toolButtonRightMenu, buttonPositionsDisplay}) {
+    const int small = height * 3 / 5;
+    for (QToolButton *button : {toolButtonScreenSelect, toolButtonRightMenu})
         button->setFixedSize(medium, medium);
-        setPixelSize(button, height * 2 / 5);
+    toolButtonScreenSelect->setIconSize({medium, medium});
+    for (int i = 0; i < ButtonCount; ++i) {
+        const int side = buttonTable[i].small ? small : medium;
+        buttons.at(i)->setFixedSize(side, side);
     }
-    setPixelSize(labelScreen, height * 3 / 5);
+    if (QMenu *menu = toolButtonScreenSelect->menu())
+        setPixelSize(menu, small);
+    setPixelSize(labelScreen, small);
     setPixelSize(labelPositionsHeader, height * 2 / 5);
+    setPixelSize(labelFilterStats, height / 3);
     setPixelSize(labelPositionsAdditionalInfoL, height / 3);
     setPixelSize(labelPositionsAdditionalInfoR, height / 3);
 }
 
+void TopFrame::showTitle()
+{
+    labelScreen->show();
+}
+
 bool TopFrame::isFullWidth() const
 {
-    return buttonPositionsDisplay->isChecked();
+    return buttons.at(DisplayButton)->isChecked();
 }
 
 void TopFrame::setFullWidth(bool full)
 {
-    buttonPositionsDisplay->setChecked(full);
-    buttonPositionsDisplay->setText(full ? QStringLiteral("↔") : QStringLiteral("↕"));
-    // A new text takes the button's shortcut away.
-    buttonPositionsDisplay->setShortcut(Qt::Key_W);
+    buttons.at(DisplayButton)->setChecked(full);
+}
+
+bool TopFrame::isPlaylistShown() const
+{
+    return buttons.at(PlaylistModeButton)->isChecked();
+}
+
+void TopFrame::setPlaylistShown(bool shown)
+{
+    buttons.at(PlaylistModeButton)->setChecked(shown);
+}
+
+void TopFrame::setCountDownButtons(bool hasSong, bool hasCountDowns)
+{
+    const bool shown = hasSong && screen == PositionsScreen;
+    QPushButton *full = buttons.at(CountDownFullButton);
+    QPushButton *empty = buttons.at(CountDownEmptyButton);
+    full->setVisible(shown && hasCountDowns);
+    full->setEnabled(hasCountDowns);
+    full->setText({});
+    empty->setVisible(shown && !hasCountDowns);
+}
+
+void TopFrame::showCount(const QString &count)
+{
+    QPushButton *full = buttons.at(CountDownFullButton);
+    if (full->isHidden()) {
+        full->show();
+        buttons.at(CountDownEmptyButton)->hide();
+    }
+    full->setText(count);
+}
+
+void TopFrame::endCount()
+{
+    QPushButton *full = buttons.at(CountDownFullButton);
+    full->setText({});
+    if (full->isHidden())
+        return;
+    full->hide();
+    buttons.at(CountDownEmptyButton)->show();
+}
+
+bool TopFrame::isFilterFocused() const
+{
+    return lineEditFilter->hasFocus();
+}
+
+void TopFrame::focusFilter()
+{
+    lineEditFilter->setFocus();
+    lineEditFilter->selectAll();
+}
+
+void TopFrame::clearFilter()
+{
+    lineEditFilter->clear();
+}
+
+void TopFrame::setLocked(bool locked)
+{
+    for (const ButtonId id :
+         {ResetFilterButton, ResetSelectionButton, CountDownEmptyButton, CountDownFullButton})
+        buttons.at(id)->setDisabled(locked);
+    lineEditFilter->setDisabled(locked);
+    toolButtonRightMenu->setDisabled(locked);
 }

@@ -19,9 +19,18 @@ int refuseSecondInstance()
     return 1;
 }
 
+// In all sizes that desktops ask for.
+QIcon programIcon()
+{
+    QIcon icon(QStringLiteral(":/Tarvelo.png"));
+    for (const int side : {16, 24, 32, 48, 64, 128})
+        icon.addFile(QStringLiteral(":/Tarvelo_%1.png").arg(side));
+    return icon;
+}
+
 int runWindow()
 {
-    QApplication::setWindowIcon(QIcon(QStringLiteral(":/Tarvelo.png")));
+    QApplication::setWindowIcon(programIcon());
     Tarvelo tarvelo;
     MainWindow window(&tarvelo);
     window.decoupledStartActions();

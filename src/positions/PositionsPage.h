@@ -33,6 +33,7 @@ public:
     void setFullWidth(bool full) { look.fullWidth = full; }
     // Shows or hides an optional column; the beats stay hidden for a song without a bpm.
     void setColumnShown(PositionsColumn column, bool shown);
+    bool isColumnShown(PositionsColumn column) const { return look.shown[column]; }
     // A vertical alignment flag of Qt for the cells.
     void setVerticalAlignment(Qt::Alignment alignment) { look.verticalAlignment = alignment; }
 

@@ -4,6 +4,7 @@
 #include "MessageBoxes.h"
 #include "Samples.h"
 
+#include <QAction>
 #include <QtTest>
 
 using Settings::Key;
@@ -68,6 +69,14 @@ void WindowFixture::useLibrary()
 void WindowFixture::key(int code, Qt::KeyboardModifiers modifiers)
 {
     QTest::keyClick(window->centralWidget(), static_cast<Qt::Key>(code), modifiers);
+}
+
+QAction *WindowFixture::action(const QString &text) const
+{
+    for (QAction *one : window->findChildren<QAction *>())
+        if (one->text() == text)
+            return one;
+    return nullptr;
 }
 
 void WindowFixture::select(const QString &title)

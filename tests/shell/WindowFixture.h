@@ -35,6 +35,8 @@ protected:
     void key(int key, Qt::KeyboardModifiers modifiers = {});
     // Chooses the song with this title by keys.
     void select(const QString &title);
+    // The menu entry with this text.
+    QAction *action(const QString &text) const;
     template <typename Widget> Widget *find(const char *name) const
     {
         return window->findChild<Widget *>(QLatin1String(name));

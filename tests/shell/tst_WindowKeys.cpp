@@ -1,0 +1,600 @@
+#include "LibraryPage.h"
+#include "MessageBoxes.h"
+#include "Player.h"
+#include "PositionsPage.h"
+#include "TestMain.h"
+#include "WindowFixture.h"
+
+#include <QApplication>
+#include <QFrame>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QSlider>
+#include <QSpinBox>
+#include <QTableView>
+#include <QTimer>
+
+using namespace Qt::StringLiterals;
+using Settings::Key;
+
+namespace {
+
+constexpr char notThereYet[] = "Diese Funktion steht leider noch nicht zur Verfügung.";
+
+} // namespace
+
+// What the keys and the buttons do to the window, without a sound.
+class TestWindowKeys : public WindowFixture
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { prepareSample(); }
+    void init() { prepareWindow(); }
+    void cleanup() { dropWindow(); }
+
+    void screensInARound();
+    void lockedScreenIsNotShown();
+    void presetsSetTheTempo_data();
+    void presetsSetTheTempo();
+    void presetsShowWhichIsOn();
+    void presetsCanBeHidden();
+    void tempoDisplaysStepAround();
+    void timeDisplaysStepAround();
+    void runTimeGoesWhereTheModeSays_data();
+    void runTimeGoesWhereTheModeSays();
+    void fontSizeByKeys();
+    void frameHeightByKeys();
+    void frameHeightStopsAtItsEnds();
+    void escapeLeavesTheFilterAndResets();
+    void filterKeysStayInTheFilter();
+    void sliderIsShownAndHidden();
+    void sliderStepsAndSeeks();
+    void maximisedAndBack();
+    void allSongsAndNone();
+    void countDownButtonsFollowTheSong();
+    void countDownWithoutBpmIsTold();
+    void functionsThatComeLater_data();
+    void functionsThatComeLater();
+    void keysBesideTheirScreenDoNothing();
+    void actionsFollowTheSelection();
+    void loadingASongEnablesItsActions();
+    void everyButtonHasNameAndTip();
+    void choreographyScrollsByKeys();
+};
+
+void TestWindowKeys::screensInARound()
+{
+    useLibrary();
+    start();
+    for (const int screen : {1, 2, 3, 4, 0}) {
+        key(Qt::Key_Tab, Qt::ControlModifier);
+        QCOMPARE(window->currentScreen(), screen);
+    }
+    for (const int screen : {4, 3, 2, 1, 0}) {
+        key(Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier);
+        QCOMPARE(window->currentScreen(), screen);
+    }
+    key(Qt::Key_Tab);
+    QCOMPARE(window->currentScreen(), 0);
+}
+
+void TestWindowKeys::lockedScreenIsNotShown()
+{
+    useLibrary();
+    start();
+    find<QPushButton>("buttonSettings")->setEnabled(false);
+    key(Qt::Key_F4);
+    QCOMPARE(window->currentScreen(), 0);
+    find<QPushButton>("buttonSettings")->setEnabled(true);
+    key(Qt::Key_F4);
+    QCOMPARE(window->currentScreen(), 3);
+}
+
+void TestWindowKeys::presetsSetTheTempo_data()
+{
+    QTest::addColumn<int>("keyCode");
+    QTest::addColumn<QString>("button");
+    QTest::addColumn<int>("percent");
+    QTest::addColumn<QString>("text");
+
+    QTest::newRow("F8") << int(Qt::Key_F8) << u"buttonTempoPercent5"_qs << -30 << u"-30%"_qs;
+    QTest::newRow("F9") << int(Qt::Key_F9) << u"buttonTempoPercent4"_qs << -22 << u"-22%"_qs;
+    QTest::newRow("F10") << int(Qt::Key_F10) << u"buttonTempoPercent3"_qs << 12 << u"+12%"_qs;
+    QTest::newRow("F11") << int(Qt::Key_F11) << u"buttonTempoPercent2"_qs << 1 << u"+1%"_qs;
+    QTest::newRow("F12") << int(Qt::Key_F12) << u"buttonTempoPercent1"_qs << 0 << u"0%"_qs;
+}
+
+void TestWindowKeys::presetsSetTheTempo()
+{
+    QFETCH(int, keyCode);
+    QFETCH(QString, button);
+    QFETCH(int, percent);
+    QFETCH(QString, text);
+    useLibrary();
+    Settings::setValue(Key::TempoDefault1, 0);
+    Settings::setValue(Key::TempoDefault2, 1);
+    Settings::setValue(Key::TempoDefault3, 12);
+    Settings::setValue(Key::TempoDefault4, -22);
+    Settings::setValue(Key::TempoDefault5, -30);
+    start();
+    select(u"Rocky Top"_qs);
+    key(Qt::Key_Return);
+    key(keyCode);
+    QCOMPARE(window->getTempo(), percent);
+    QCOMPARE(tarvelo->getPlayer()->getTempo(), double(percent));
+    auto *preset = window->findChild<QPushButton *>(button);
+    QCOMPARE(preset->text(), text);
+    QVERIFY(preset->isChecked());
+    window->setTempo(5);
+    preset->click();
+    QCOMPARE(window->getTempo(), percent);
+    QVERIFY(preset->isChecked());
+}
+
+void TestWindowKeys::presetsShowWhichIsOn()
+{
+    useLibrary();
+    Settings::setValue(Key::TempoDefault1, -7);
+    Settings::setValue(Key::TempoDefault2, 3);
+    Settings::setValue(Key::TempoDefault3, 3);
+    start();
+    const auto *first = find<QPushButton>("buttonTempoPercent1");
+    QVERIFY(!first->isChecked());
+    select(u"Rocky Top"_qs); // whose last tempo was -7
+    key(Qt::Key_Return);
+    QVERIFY(first->isChecked());
+    window->setTempo(3);
+    QVERIFY(!first->isChecked());
+    QVERIFY(find<QPushButton>("buttonTempoPercent2")->isChecked());
+    QVERIFY(find<QPushButton>("buttonTempoPercent3")->isChecked());
+    window->selectNoneInLibrary();
+    window->setTempo(-7);
+    QVERIFY(!first->isChecked());
+}
+
+void TestWindowKeys::presetsCanBeHidden()
+{
+    useLibrary();
+    Settings::setValue(Key::HideTempoButtons, true);
+    start();
+    QVERIFY(find<QWidget>("widgetTempoPresets")->isHidden());
+}
+
+void TestWindowKeys::tempoDisplaysStepAround()
+{
+    useLibrary();
+    Settings::setValue(Key::BpmDisplay, 1);
+    start();
+    auto *percent = find<QPushButton>("buttonTempoDisplay");
+    auto *bpm = find<QPushButton>("buttonTempoDisplayBPM");
+    // Only a step applies what is set.
+    QVERIFY(percent->isVisible() && bpm->isVisible());
+    key(Qt::Key_B); // 2: both
+    QVERIFY(percent->isVisible() && bpm->isVisible());
+    key(Qt::Key_B); // 0
+    QVERIFY(percent->isVisible() && !bpm->isVisible());
+    key(Qt::Key_B, Qt::ShiftModifier); // 1
+    QVERIFY(!percent->isVisible() && bpm->isVisible());
+    bpm->click(); // 2
+    QVERIFY(percent->isVisible() && bpm->isVisible());
+    percent->click(); // 0
+    percent->click(); // 1
+    QVERIFY(!percent->isVisible());
+    window->resize(window->size() + QSize(10, 10));
+    QTRY_VERIFY(percent->isVisible());
+    QVERIFY(window->byeBye());
+    QCOMPARE(Settings::value(Key::BpmDisplay).toInt(), 1);
+}
+
+void TestWindowKeys::timeDisplaysStepAround()
+{
+    useLibrary();
+    start();
+    auto *clock = find<QPushButton>("buttonTime");
+    auto *runTime = find<QPushButton>("buttonRunTime");
+    const auto shown
+        = [&] { return (clock->isVisible() ? 1 : 0) + (runTime->isVisible() ? 2 : 0); };
+    QCOMPARE(shown(), 3); // both, as set
+    key(Qt::Key_C);
+    QCOMPARE(shown(), 1); // in turns
+    QCOMPARE(Settings::value(Key::TimeDisplayMode).toInt(), 0);
+    clock->click();
+    QCOMPARE(shown(), 1); // the clock alone
+    QCOMPARE(Settings::value(Key::TimeDisplayMode).toInt(), 1);
+    key(Qt::Key_C);
+    QCOMPARE(shown(), 2);
+    runTime->click();
+    QCOMPARE(shown(), 3);
+    key(Qt::Key_C, Qt::ShiftModifier);
+    QCOMPARE(shown(), 3);
+}
+
+void TestWindowKeys::runTimeGoesWhereTheModeSays_data()
+{
+    QTest::addColumn<int>("mode");
+    QTest::addColumn<bool>("onClock");
+    QTest::addColumn<bool>("onRunTime");
+
+    QTest::newRow("in turns") << 0 << true << false;
+    QTest::newRow("clock") << 1 << false << false;
+    QTest::newRow("run time") << 2 << false << true;
+    QTest::newRow("both") << 3 << false << true;
+}
+
+void TestWindowKeys::runTimeGoesWhereTheModeSays()
+{
+    QFETCH(int, mode);
+    QFETCH(bool, onClock);
+    QFETCH(bool, onRunTime);
+    useLibrary();
+    Settings::setValue(Key::TimeDisplayMode, mode);
+    start();
+    auto *slider = find<QSlider>("horizontalSliderPosition");
+    slider->setMaximum(200000);
+    Q_EMIT tarvelo->getPlayer()->notifyPlayTimeChanged(125000);
+    QCOMPARE(find<QPushButton>("buttonTime")->text() == u"02:05"_qs, onClock);
+    QCOMPARE(find<QPushButton>("buttonRunTime")->text() == u"02:05"_qs, onRunTime);
+    QCOMPARE(slider->value(), 125000);
+    Q_EMIT tarvelo->getPlayer()->notifyPlayTimeChanged(-500);
+    QCOMPARE(slider->value(), 125000);
+    QCOMPARE(find<QPushButton>("buttonRunTime")->text() == u"-00:01"_qs, onRunTime);
+}
+
+void TestWindowKeys::fontSizeByKeys()
+{
+    useLibrary();
+    start();
+    auto *size = find<QSpinBox>("spinBoxFontSize");
+    QCOMPARE(size->value(), 15);
+    key(Qt::Key_Plus, Qt::AltModifier);
+    QCOMPARE(size->value(), 16);
+    QVERIFY(qApp->styleSheet().contains(u"font-size: 16pt"_qs));
+    key(Qt::Key_Minus, Qt::AltModifier);
+    key(Qt::Key_Minus, Qt::AltModifier);
+    QCOMPARE(size->value(), 14);
+    QCOMPARE(window->getTempo(), 0);
+}
+
+void TestWindowKeys::frameHeightByKeys()
+{
+    useLibrary();
+    Settings::setValue(Key::FrameHeight, 50);
+    start();
+    const auto *frame = find<QFrame>("frameTop");
+    QCOMPARE(frame->height(), 50);
+    key(Qt::Key_Period, Qt::ControlModifier);
+    QTRY_COMPARE(frame->height(), 55);
+    QCOMPARE(find<QFrame>("buttonFrame")->height(), 55 * 7 / 5);
+    QCOMPARE(find<QSpinBox>("spinBoxFrameSize")->value(), 55);
+    QCOMPARE(Settings::value(Key::FrameHeight).toInt(), 55);
+    for (const char *name : {"buttonPlay", "buttonHelp", "buttonTempoPercent3"})
+        QCOMPARE(find<QPushButton>(name)->size(), QSize(55, 55));
+    for (const char *name : {"buttonTempoPlus", "buttonPositionsDisplay", "buttonCountDownFull"})
+        QCOMPARE(find<QPushButton>(name)->size(), QSize(44, 44));
+    for (const char *name : {"buttonResetFilter", "buttonResetSelection"})
+        QCOMPARE(find<QPushButton>(name)->size(), QSize(33, 33));
+    key(Qt::Key_Comma, Qt::ControlModifier);
+    QTRY_COMPARE(frame->height(), 50);
+    key(Qt::Key_Comma);
+    QCOMPARE(frame->height(), 50);
+}
+
+// The answer is the end, the frame stays where it was.
+void TestWindowKeys::frameHeightStopsAtItsEnds()
+{
+    useLibrary();
+    Settings::setValue(Key::FrameHeight, 79);
+    Settings::setValue(Key::FontSize, 8);
+    start();
+    const auto *frame = find<QFrame>("frameTop");
+    const auto *box = find<QSpinBox>("spinBoxFrameSize");
+    QCOMPARE(frame->height(), 79);
+    key(Qt::Key_Period, Qt::ControlModifier);
+    QCOMPARE(box->value(), 80);
+    QCOMPARE(frame->height(), 79);
+    for (int height = 74; height >= 24; height -= 5) {
+        key(Qt::Key_Comma, Qt::ControlModifier);
+        QTRY_COMPARE(frame->height(), height);
+    }
+    key(Qt::Key_Comma, Qt::ControlModifier);
+    QCOMPARE(box->value(), 20);
+    QCOMPARE(frame->height(), 24);
+}
+
+void TestWindowKeys::escapeLeavesTheFilterAndResets()
+{
+    useLibrary();
+    start();
+    auto *filter = find<QLineEdit>("lineEditFilter");
+    key(Qt::Key_Home);
+    key(Qt::Key_F);
+    QVERIFY(filter->hasFocus());
+    QTest::keyClicks(filter, u"rocky"_qs);
+    key(Qt::Key_F1);
+    filter->setFocus();
+    QTest::keyClick(filter, Qt::Key_Escape);
+    QVERIFY(window->centralWidget()->hasFocus());
+    QCOMPARE(filter->text(), u"rocky"_qs);
+    QVERIFY(find<LibraryPage>("page1_MusicList")->selectedSong());
+    key(Qt::Key_F2);
+    key(Qt::Key_Escape);
+    QCOMPARE(filter->text(), u"rocky"_qs);
+    key(Qt::Key_F1);
+    key(Qt::Key_Escape);
+    QCOMPARE(filter->text(), QString());
+    QVERIFY(!find<LibraryPage>("page1_MusicList")->selectedSong());
+}
+
+void TestWindowKeys::filterKeysStayInTheFilter()
+{
+    useLibrary();
+    start();
+    auto *filter = find<QLineEdit>("lineEditFilter");
+    key(Qt::Key_F, Qt::ControlModifier);
+    QVERIFY(filter->hasFocus());
+    QTest::keyClicks(filter, u"psa+1"_qs);
+    QCOMPARE(filter->text(), u"psa+1"_qs);
+    QCOMPARE(window->getTempo(), 0);
+    key(Qt::Key_F2);
+    QVERIFY(window->centralWidget()->hasFocus());
+    key(Qt::Key_F);
+    QVERIFY(window->centralWidget()->hasFocus());
+}
+
+void TestWindowKeys::sliderIsShownAndHidden()
+{
+    useLibrary();
+    Settings::setValue(Key::ShowSlider, true);
+    start();
+    const auto *frame = find<QFrame>("frameSlider");
+    const QAction *entry = action(u"Abspielfortschritt"_qs);
+    QVERIFY(frame->isVisible() && entry->isChecked());
+    key(Qt::Key_O, Qt::ControlModifier);
+    QVERIFY(!frame->isVisible() && !entry->isChecked());
+    key(Qt::Key_F5); // whose menu has no such entry
+    key(Qt::Key_O, Qt::ControlModifier);
+    QVERIFY(frame->isVisible() && entry->isChecked());
+    key(Qt::Key_O, Qt::ControlModifier);
+    QVERIFY(window->byeBye());
+    QCOMPARE(Settings::value(Key::ShowSlider).toBool(), false);
+}
+
+void TestWindowKeys::sliderStepsAndSeeks()
+{
+    useLibrary();
+    start();
+    auto *slider = find<QSlider>("horizontalSliderPosition");
+    QSignalSpy seeks(tarvelo->getPlayer(), &Player::requestStartFromPlaytime);
+    // Playing sets the slider to the length of the song.
+    const auto step = [&](int from, QAbstractSlider::SliderAction way) {
+        slider->setMaximum(100000);
+        slider->setValue(from);
+        seeks.clear();
+        slider->triggerAction(way);
+        return seeks.isEmpty() ? -1 : seeks.constLast().constFirst().toInt();
+    };
+    QCOMPARE(step(20000, QAbstractSlider::SliderPageStepAdd), -1); // no song
+    select(u"Rocky Top"_qs);
+    key(Qt::Key_Return);
+    QCOMPARE(step(20000, QAbstractSlider::SliderPageStepAdd), 25000);
+    QCOMPARE(step(94999, QAbstractSlider::SliderPageStepAdd), 99999);
+    QCOMPARE(step(95000, QAbstractSlider::SliderPageStepAdd), -1);
+    QCOMPARE(step(4999, QAbstractSlider::SliderPageStepSub), -1);
+    QCOMPARE(step(5000, QAbstractSlider::SliderPageStepSub), 0);
+
+    slider->setMaximum(100000);
+    slider->setSliderDown(true);
+    slider->setSliderPosition(42000);
+    Q_EMIT tarvelo->getPlayer()->notifyPlayTimeChanged(7000);
+    QCOMPARE(slider->value(), 42000);
+    slider->setSliderDown(false);
+    QCOMPARE(seeks.takeLast().constFirst().toInt(), 42000);
+    tarvelo->getPlayer()->stop();
+}
+
+void TestWindowKeys::maximisedAndBack()
+{
+    useLibrary();
+    start();
+    key(Qt::Key_M);
+    QTRY_VERIFY(window->isMaximized());
+    key(Qt::Key_M);
+    QTRY_VERIFY(!window->isMaximized());
+}
+
+void TestWindowKeys::allSongsAndNone()
+{
+    useLibrary();
+    start();
+    const auto *library = find<LibraryPage>("page1_MusicList");
+    const auto *stats = find<QLabel>("labelFilterStats");
+    QTRY_COMPARE(stats->text(), u"Zeige 3/3\nAusgewählt: 0"_qs);
+    key(Qt::Key_A, Qt::ControlModifier);
+    QCOMPARE(library->selectedSongs().size(), 3);
+    QCOMPARE(stats->text(), u"Zeige 3/3\nAusgewählt: 3"_qs);
+    key(Qt::Key_A, Qt::ControlModifier | Qt::ShiftModifier);
+    QCOMPARE(library->selectedSongs().size(), 0);
+    QCOMPARE(stats->text(), u"Zeige 3/3\nAusgewählt: 0"_qs);
+    key(Qt::Key_A, Qt::ControlModifier);
+    find<QPushButton>("buttonResetSelection")->click();
+    QCOMPARE(library->selectedSongs().size(), 0);
+}
+
+void TestWindowKeys::countDownButtonsFollowTheSong()
+{
+    useLibrary();
+    start();
+    const auto *full = find<QPushButton>("buttonCountDownFull");
+    const auto *empty = find<QPushButton>("buttonCountDownEmpty");
+    key(Qt::Key_F2);
+    QVERIFY(full->isHidden() && empty->isHidden());
+    QVERIFY(!action(u"Countdown bearbeiten ..."_qs)->isEnabled());
+    select(u"Rocky Top"_qs);
+    key(Qt::Key_Return);
+    QVERIFY(full->isHidden() && empty->isVisible());
+    window->getCurrentSong()->getCountDowns().addNew();
+    window->adaptCountDownButtons();
+    QVERIFY(full->isVisible() && full->isEnabled() && empty->isHidden());
+    QVERIFY(action(u"Countdown bearbeiten ..."_qs)->isEnabled());
+    key(Qt::Key_F3);
+    QVERIFY(full->isHidden() && empty->isHidden());
+    key(Qt::Key_F2);
+    QVERIFY(full->isVisible());
+}
+
+void TestWindowKeys::countDownWithoutBpmIsTold()
+{
+    useLibrary();
+    start();
+    select(u"Rocky Top"_qs);
+    key(Qt::Key_Return);
+    window->getCurrentSong()->getCountDowns().addNew();
+    key(Qt::Key_P);
+    QVERIFY(boxes.isEmpty());
+    window->getCurrentSong()->setBpm({});
+    key(Qt::Key_P);
+    QCOMPARE(boxes.size(), 1);
+    QVERIFY(boxes.constFirst().text.startsWith(
+        u"Dieser Song enthält einen Countdown, aber keine BPM Angabe"_qs));
+    key(Qt::Key_S);
+}
+
+void TestWindowKeys::functionsThatComeLater_data()
+{
+    QTest::addColumn<int>("screen");
+    QTest::addColumn<int>("keyCode");
+    QTest::addColumn<int>("modifiers");
+
+    const auto row
+        = [](const char *name, Screen screen, int code, Qt::KeyboardModifiers modifiers) {
+              QTest::newRow(name) << int(screen) << code << int(modifiers);
+          };
+    row("E, library", LibraryScreen, Qt::Key_E, {});
+    row("E, positions", PositionsScreen, Qt::Key_E, {});
+    row("Del", LibraryScreen, Qt::Key_Delete, {});
+    row("Ctrl+D", LibraryScreen, Qt::Key_D, Qt::ControlModifier);
+    row("Ctrl+M", HelpScreen, Qt::Key_M, Qt::ControlModifier);
+    row("R, positions", PositionsScreen, Qt::Key_R, {});
+    row("T, positions", PositionsScreen, Qt::Key_T, {});
+    row("F, positions", PositionsScreen, Qt::Key_F, {});
+    row("Ctrl+S", ChoreographyScreen, Qt::Key_S, Qt::ControlModifier);
+    row("Alt+C", PositionsScreen, Qt::Key_C, Qt::AltModifier);
+    row("V", LibraryScreen, Qt::Key_V, {});
+    row("X", LibraryScreen, Qt::Key_X, {});
+    row("Ctrl+I", PositionsScreen, Qt::Key_I, Qt::ControlModifier);
+    row("Ctrl+Shift+I", ChoreographyScreen, Qt::Key_I, Qt::ControlModifier | Qt::ShiftModifier);
+}
+
+void TestWindowKeys::functionsThatComeLater()
+{
+    QFETCH(int, screen);
+    QFETCH(int, keyCode);
+    QFETCH(int, modifiers);
+    useLibrary();
+    start();
+    select(u"Rocky Top"_qs);
+    key(Qt::Key_Return);
+    window->showScreen(screen);
+    key(keyCode, Qt::KeyboardModifiers::fromInt(modifiers));
+    QCOMPARE(boxes.size(), 1);
+    QCOMPARE(boxes.constFirst().text, QString::fromUtf8(notThereYet));
+    QCOMPARE(window->currentScreen(), screen);
+}
+
+void TestWindowKeys::keysBesideTheirScreenDoNothing()
+{
+    useLibrary();
+    start();
+    select(u"Rocky Top"_qs);
+    key(Qt::Key_Return);
+    const SongPtr song = window->getCurrentSong();
+    key(Qt::Key_F4);
+    for (const int code : {Qt::Key_E, Qt::Key_R, Qt::Key_T, Qt::Key_F, Qt::Key_Delete, Qt::Key_Up,
+                           Qt::Key_Home, Qt::Key_L})
+        key(code);
+    key(Qt::Key_R, Qt::ControlModifier);
+    key(Qt::Key_P, Qt::ControlModifier);
+    QVERIFY(boxes.isEmpty());
+    QCOMPARE(window->getCurrentSong(), song);
+    QCOMPARE(window->currentScreen(), 3);
+    QVERIFY(action(u"Spalte mit Parts anzeigen"_qs)->isChecked());
+}
+
+void TestWindowKeys::actionsFollowTheSelection()
+{
+    useLibrary();
+    start();
+    const QAction *tags = action(u"Tag-Bearbeitung ..."_qs);
+    QVERIFY(!tags->isEnabled());
+    key(Qt::Key_Home);
+    QVERIFY(tags->isEnabled());
+    QVERIFY(action(u"Musikdatei kopieren ..."_qs)->isEnabled());
+    key(Qt::Key_A, Qt::ControlModifier);
+    QVERIFY(!tags->isEnabled());
+    QVERIFY(action(u"Musikdateien kopieren ..."_qs)->isEnabled());
+    QVERIFY(action(u"Positionen exportieren ..."_qs)->isEnabled());
+    key(Qt::Key_A, Qt::ControlModifier | Qt::ShiftModifier);
+    QVERIFY(!action(u"Musikdatei kopieren ..."_qs)->isEnabled());
+    QVERIFY(!action(u"Positionen exportieren ..."_qs)->isEnabled());
+}
+
+void TestWindowKeys::loadingASongEnablesItsActions()
+{
+    useLibrary();
+    start();
+    select(u"Rocky Top"_qs);
+    window->loadCurrentSong();
+    QVERIFY(action(u"Position kopieren"_qs)->isEnabled());
+    QVERIFY(!action(u"Choreografie entfernen ..."_qs)->isEnabled());
+    select(u"Äpfel"_qs);
+    window->loadCurrentSong();
+    QVERIFY(!action(u"Position kopieren"_qs)->isEnabled());
+    QVERIFY(action(u"Positionen importieren ..."_qs)->isEnabled());
+}
+
+void TestWindowKeys::everyButtonHasNameAndTip()
+{
+    useLibrary();
+    start();
+    for (const char *frame : {"frameTop", "buttonFrame"})
+        for (const auto *button : find<QFrame>(frame)->findChildren<QAbstractButton *>()) {
+            if (button->objectName().startsWith(u"qt_"_qs) || button->objectName().isEmpty())
+                continue; // Qt's own
+            QVERIFY2(!button->accessibleName().isEmpty(), qPrintable(button->objectName()));
+            QVERIFY2(button->toolTip().startsWith(button->accessibleName()),
+                     qPrintable(button->objectName()));
+            QCOMPARE(button->focusPolicy(), Qt::NoFocus);
+        }
+    QCOMPARE(find<QPushButton>("buttonList")->toolTip(), u"Musik       F1"_qs);
+}
+
+void TestWindowKeys::choreographyScrollsByKeys()
+{
+    useLibrary();
+    start();
+    key(Qt::Key_F3);
+    auto *area = find<QScrollArea>("scrollArea_PDF");
+    area->widget()->setMinimumHeight(5000);
+    QScrollBar *bar = area->verticalScrollBar();
+    QTRY_VERIFY(bar->maximum() > 2000);
+    key(Qt::Key_Down);
+    QCOMPARE(bar->value(), 10);
+    key(Qt::Key_Up);
+    QCOMPARE(bar->value(), 0);
+    key(Qt::Key_PageDown);
+    QCOMPARE(bar->value(), bar->pageStep());
+    key(Qt::Key_PageUp);
+    QCOMPARE(bar->value(), 0);
+    key(Qt::Key_End);
+    QCOMPARE(bar->value(), bar->maximum());
+    key(Qt::Key_Home);
+    QCOMPARE(bar->value(), 0);
+}
+
+TARVELO_TEST_MAIN(TestWindowKeys, QApplication)
+#include "tst_WindowKeys.moc"
