@@ -26,6 +26,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QLineEdit>
 #include <QScopedValueRollback>
 #include <QScreen>
 #include <QSplitter>
@@ -113,6 +114,7 @@ QWidget *MainWindow::buildCenter()
     splitterPlaylist->addWidget(stackedWidget);
     splitterPlaylist->setChildrenCollapsible(false);
     splitterPlaylist->handle(1)->installEventFilter(this);
+    frameTop->filterField()->installEventFilter(this);
     framePlaylist->hide();
     auto *layout = new QVBoxLayout(frameCenter);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -408,15 +410,34 @@ void MainWindow::setLanguage(const QString &language)
     QTimer::singleShot(50, this, &MainWindow::refreshFilterStats);
 }
 
-// A double click on the handle divides the room equally.
 bool MainWindow::eventFilter(QObject *watched, QEvent *event)
 {
-    if (watched == splitterPlaylist->handle(1) && event->type() == QEvent::MouseButtonDblClick) {
-        const QList<int> sizes = splitterPlaylist->sizes();
-        const int sum = sizes.at(0) + sizes.at(1);
-        splitterPlaylist->setSizes({sum / 2, sum - sum / 2});
-    }
+    if (watched == splitterPlaylist->handle(1) && event->type() == QEvent::MouseButtonDblClick)
+        divideRoomEqually();
+    if (watched == frameTop->filterField() && event->type() == QEvent::KeyPress
+        && carryOutAltGr(*static_cast<QKeyEvent *>(event)))
+        return true;
     return QMainWindow::eventFilter(watched, event);
+}
+
+void MainWindow::divideRoomEqually()
+{
+    const QList<int> sizes = splitterPlaylist->sizes();
+    const int sum = sizes.at(0) + sizes.at(1);
+    splitterPlaylist->setSizes({sum / 2, sum - sum / 2});
+}
+
+// Where AltGr is a modifier of its own, a field takes Home with it for plain Home. Letters that
+// AltGr gives belong to the field.
+bool MainWindow::carryOutAltGr(const QKeyEvent &event)
+{
+    const bool typesNothing = event.text().isEmpty() || !event.text().at(0).isPrint();
+    if (!event.modifiers().testFlag(Qt::GroupSwitchModifier) || !typesNothing)
+        return false;
+    const auto call = commandForKey(event.key(), event.modifiers(), currentScreen());
+    if (call)
+        carryOut(*call);
+    return call.has_value();
 }
 
 void MainWindow::retranslate()

@@ -165,6 +165,9 @@ private:
     void toggleColumn(int column);
     void retranslate();
     void takeFocusBack();
+    void divideRoomEqually();
+    // Whether the key was one of the window's with AltGr.
+    bool carryOutAltGr(const QKeyEvent &event);
 
     Tarvelo *app;
     Player *player;

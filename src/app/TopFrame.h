@@ -57,6 +57,7 @@ public:
     void showCount(const QString &count);
     void endCount();
 
+    QLineEdit *filterField() const { return lineEditFilter; }
     bool isFilterFocused() const;
     void focusFilter();
     void clearFilter();

@@ -26,6 +26,23 @@ bool press(const QStringList &keys)
            && xdotool.exitCode() == 0;
 }
 
+bool useGermanLayout()
+{
+    QProcess setxkbmap;
+    return run(setxkbmap, QStringLiteral("setxkbmap"), {QStringLiteral("de")})
+           && setxkbmap.exitCode() == 0;
+}
+
+bool pressWithAltGr(const QString &key)
+{
+    const QString altGr = QStringLiteral("ISO_Level3_Shift");
+    QProcess xdotool;
+    return run(xdotool, QStringLiteral("xdotool"),
+               {QStringLiteral("keydown"), altGr, QStringLiteral("key"), key,
+                QStringLiteral("keyup"), altGr})
+           && xdotool.exitCode() == 0;
+}
+
 int programWindows()
 {
     QProcess xdotool;

@@ -11,6 +11,12 @@ namespace Keyboard {
 // typed, with the event loop running. False when they could not be typed.
 bool press(const QStringList &keys);
 
+// Gives the screen a German keyboard.
+bool useGermanLayout();
+
+// Types a key while the right Alt key is held, which is AltGr on a German keyboard.
+bool pressWithAltGr(const QString &key);
+
 // How many windows the program has on the screen; its box without a title counts.
 int programWindows();
 
