@@ -427,6 +427,10 @@ Selected: %3</translation>
         <source>Dieser Song enthält einen Countdown, aber keine BPM Angabe, daher wird der Countdown nicht angezeigt.&lt;br&gt;Wenn der Countdown angezeigt werden soll, ist eine korrekte BPM Angabe notwendig.</source>
         <translation>This song has a countdown but no BPM value, so the countdown is not shown.&lt;br&gt;If the countdown is to be shown, a correct BPM value is needed.</translation>
     </message>
+    <message>
+        <source>Die Datei&lt;br&gt;%1&lt;br&gt;kann nicht geschrieben werden. Der Song ist unverändert. Bitte wähle ein anderes Verzeichnis.</source>
+        <translation>The file&lt;br&gt;%1&lt;br&gt;cannot be written. The song is unchanged. Please choose another directory.</translation>
+    </message>
 </context>
 <context>
     <name>MessageBoxes</name>

@@ -13,6 +13,7 @@ enum class Command {
     StepFrameHeight, // pixels
     LeaveFilter,     // out of the search field, else the library's filters go
     FocusFilter,
+    OpenMenu, // of the screen
     // Songs of the library
     ScrollLibrary,   // rows, up below 0
     PageLibrary,     // pages
@@ -40,6 +41,7 @@ enum class Command {
     ToggleColumn,       // an optional column of the positions
     ScrollChoreography, // pixels
     PageChoreography,   // pages
+    ScrollHelp,         // lines
     // Playing
     Play,
     Pause,

@@ -165,7 +165,8 @@ void HelpPage::nextTab()
 void HelpPage::scrollBy(int lines)
 {
     QScrollBar *bar = browsers.at(tabWidgetHelp->currentIndex())->verticalScrollBar();
-    bar->setValue(bar->value() + lines * bar->singleStep());
+    const qint64 place = bar->value() + qint64{lines} * bar->singleStep();
+    bar->setValue(static_cast<int>(qBound(qint64{0}, place, qint64{bar->maximum()})));
 }
 
 void HelpPage::retranslate()

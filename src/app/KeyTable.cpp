@@ -31,6 +31,7 @@ constexpr unsigned withLists = on(LibraryScreen) | on(PositionsScreen) | on(Chor
 constexpr int toTheEnd = 999999;     // rows or pixels
 constexpr int seekStep = 5000;       // milliseconds
 constexpr int positionsPage = 5;     // rows
+constexpr int helpPage = 10;         // lines
 constexpr int choreographyStep = 10; // pixels
 constexpr int frameStep = 5;         // pixels
 
@@ -83,6 +84,14 @@ constexpr KeyRow table[] = {
     {Qt::Key_PageDown, none, on(ChoreographyScreen), Command::PageChoreography, 1},
     {Qt::Key_PageUp, altGr, withLists, Command::PagePlaylist, -1},
     {Qt::Key_PageDown, altGr, withLists, Command::PagePlaylist, 1},
+
+    {Qt::Key_Home, none, on(HelpScreen), Command::ScrollHelp, -toTheEnd},
+    {Qt::Key_End, none, on(HelpScreen), Command::ScrollHelp, toTheEnd},
+    {Qt::Key_Up, none, on(HelpScreen), Command::ScrollHelp, -1},
+    {Qt::Key_Down, none, on(HelpScreen), Command::ScrollHelp, 1},
+    {Qt::Key_PageUp, none, on(HelpScreen), Command::ScrollHelp, -helpPage},
+    {Qt::Key_PageDown, none, on(HelpScreen), Command::ScrollHelp, helpPage},
+    {Qt::Key_Menu, any, everywhere, Command::OpenMenu, 0},
 
     {Qt::Key_Left, any, everywhere, Command::Seek, -seekStep},
     {Qt::Key_Right, any, everywhere, Command::Seek, seekStep},

@@ -25,6 +25,7 @@
 #include "Version.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QCloseEvent>
 #include <QLineEdit>
 #include <QScopedValueRollback>
@@ -130,17 +131,21 @@ void MainWindow::createConnections()
     connect(buttonFrame, &BottomFrame::requested, this, &MainWindow::carryOut);
     connectPlayer();
     connectPositionsPage();
+    // Asked for once a change: another program may take its time to answer.
+    connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this,
+            &MainWindow::noteClipboard);
+    noteClipboard();
 
     connect(libraryPage, &LibraryPage::songActivated, this, [this] {
         carryOut({Command::LoadAndShowPositions, 0});
     });
     connect(framePlaylist, &SongListPanel::songActivated, this, [this] {
-        setCurrentSong(framePlaylist->selection().song());
+        loadPlaylistSong(framePlaylist->selection().song());
         showScreen(PositionsScreen);
     });
     for (const SongListPanel *panel : {framePlaylist, libraryPage->songList()}) {
         connect(panel, &SongListPanel::selectionChanged, this, &MainWindow::followSelection);
-        connect(panel, &SongListPanel::listChanged, this, &MainWindow::refreshFilterStats);
+        connect(panel, &SongListPanel::listChanged, this, &MainWindow::followSelection);
     }
     connect(libraryPage->songList(), &SongListPanel::contextMenuRequested, this,
             [this](QPoint global) { actions->menu(MenuId::LibraryContext)->popup(global); });
@@ -174,7 +179,8 @@ void MainWindow::connectPositionsPage()
     positionsPage->setContextMenuOrigin(libraryPage->songList()->table()->viewport());
     connect(positionsPage, &PositionsPage::startRequested, this, &MainWindow::startFromPart);
     connect(positionsPage, &PositionsPage::loopRequested, this, &MainWindow::startLoop);
-    connect(positionsPage, &PositionsPage::markedRowChanged, this, &MainWindow::adaptActions);
+    // Also while the music goes on by itself: whoever types keeps the focus.
+    connect(positionsPage, &PositionsPage::markedRowChanged, this, &MainWindow::adaptActionStates);
     connect(positionsPage, &PositionsPage::pressed, this, &MainWindow::takeFocusBack);
     connect(positionsPage, &PositionsPage::emptied, this, [this] { frameTop->setSongTexts({}); });
     auto *countDowns = new CountDownDisplays(this, this);
@@ -225,7 +231,11 @@ void MainWindow::refreshMusicList()
     connect(songs, &SongManager::notifySongCount, splash, &TarveloSplashScreen::setRange);
     connect(songs, &SongManager::notifySongScanned, splash,
             &TarveloSplashScreen::setSplashProgress);
-    app->rescan();
+    {
+        // The song that plays is let go of: that is no end of it.
+        const QScopedValueRollback<bool> own(ignoreStop, true);
+        app->rescan();
+    }
     splash->finish();
     splash->deleteLater();
 }
@@ -358,20 +368,26 @@ void MainWindow::showPlaylist(bool shown)
     playlistShown = shown;
     frameTop->setPlaylistShown(shown);
     framePlaylist->setVisible(shown && currentScreen() <= ChoreographyScreen);
-    QCoreApplication::processEvents();
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     SongListPanel *right = libraryPage->songList();
-    if (currentScreen() == LibraryScreen)
-        right->setList(app->getSongManager()->getPlaylist(0));
+    const PlaylistPtr library = app->getSongManager()->getPlaylist(0);
+    if (currentScreen() == LibraryScreen && right->list() != library)
+        right->setList(library);
     else if (currentScreen() == PositionsScreen)
         positionsPage->refreshPositionsWindow();
     if (!shown)
-        right->setPlaylistWidgetsVisible(false);
+        showPlaylistManager(false);
 }
 
 void MainWindow::togglePlaylistManager()
 {
-    SongListPanel *right = libraryPage->songList();
-    right->setPlaylistWidgetsVisible(!right->arePlaylistWidgetsVisible());
+    showPlaylistManager(!libraryPage->songList()->arePlaylistWidgetsVisible());
+}
+
+void MainWindow::showPlaylistManager(bool shown)
+{
+    libraryPage->songList()->setPlaylistWidgetsVisible(shown);
+    frameTop->setPlaylistManagerShown(shown);
 }
 
 // The keys belong to the window: no widget keeps the focus.
@@ -442,13 +458,18 @@ bool MainWindow::carryOutAltGr(const QKeyEvent &event)
 
 void MainWindow::retranslate()
 {
-    adaptActions();
+    adaptActionStates();
     frameTop->retranslate();
     frameSlider->retranslate();
     buttonFrame->retranslate();
     choreographyPage->retranslate();
     settingsPage->retranslate();
     helpPage->retranslate();
+    // Numbers and dates are written in another way.
+    framePlaylist->table()->viewport()->update();
+    libraryPage->songList()->table()->viewport()->update();
+    if (currentScreen() == PositionsScreen)
+        positionsPage->refreshPositionsWindow();
     adaptPositionsHeader();
 }
 

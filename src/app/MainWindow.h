@@ -79,6 +79,8 @@ public Q_SLOTS:
     void resetMusicListFilters();
     // Brings the actions' states and texts up to date.
     void adaptActions();
+    // The same without taking the focus back.
+    void adaptActionStates();
     void adaptCountDownButtons();
     void refreshFilterStats();
     void toggleSlider();
@@ -117,6 +119,8 @@ private:
     void followSelection();
     void showPlaylist(bool shown);
     void togglePlaylistManager();
+    void showPlaylistManager(bool shown);
+    void noteClipboard();
     // The list whose selection counts: the right one while it is the library, else the left one.
     SongListSelection &activeSelection() const;
     SongPtr songToPlay() const;
@@ -137,6 +141,8 @@ private:
     void applyTheme();
     // Height of the top frame in pixels, within 20 to 80; answers the height in force.
     int adaptToFrameHeight(int height);
+    // What is in force instead of a height that the frame can't have; nothing for one that it can.
+    std::optional<int> heightInstead(int height) const;
     void setFrameHeights(int height);
     void stepFrameHeight(int pixels);
     void changeMusicDir(const QString &directory);
@@ -155,6 +161,8 @@ private:
     void startFromPart(int row);
     void startLoop(int row);
     void warnOfCountDownWithoutBpm();
+    bool isPartLooping() const;
+    void writeExport(const QString &target);
     void on_newTimeStamp(int ms);
     void on_playStatusChanged(bool playing);
     void on_partChanged(int part);
@@ -188,6 +196,7 @@ private:
     bool ignoreStop = false;
     bool positionEditorOpen = false;
     bool scanning = false;
+    bool clipboardEmpty = true; // of texts
     // The left list is wanted beside the first three screens.
     bool playlistShown = false;
     // Snapshots of the current song's positions, the one in force at the index.

@@ -3,6 +3,7 @@
 #include "Actions.h"
 #include "BottomFrame.h"
 #include "ChoreographyPage.h"
+#include "FileTools.h"
 #include "FrozenTableView.h"
 #include "LibraryPage.h"
 #include "MainWindow.h"
@@ -19,16 +20,22 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QFile>
 #include <QScopedValueRollback>
 #include <QtDebug>
+
+#include <cmath>
 
 namespace {
 
 constexpr int largestTempo = 50; // percent, up and down
 
-bool isClipboardEmpty()
+// What a foreign file holds may be no number, or none that is a tempo.
+int tempoOf(const Song &song)
 {
-    return QApplication::clipboard()->text().isEmpty();
+    const double percent = song.getTempo();
+    const double most = largestTempo;
+    return std::isfinite(percent) ? static_cast<int>(qBound(-most, percent, most)) : 0;
 }
 
 } // namespace
@@ -127,7 +134,7 @@ void MainWindow::onButtonStop_clicked()
 
 void MainWindow::stepTempo(int percent)
 {
-    if (qAbs(tempo + percent) <= largestTempo)
+    if (percent > 0 ? tempo < largestTempo : tempo > -largestTempo)
         setTempo(tempo + percent);
 }
 
@@ -194,7 +201,7 @@ void MainWindow::showPlaylistEnd(int end)
 
 void MainWindow::loadPlaylistSong(const SongPtr &song)
 {
-    if (song)
+    if (song && song != currentSong)
         setCurrentSong(song);
 }
 
@@ -221,14 +228,18 @@ void MainWindow::setCurrentSong(SongPtr song)
 {
     if (positionEditorOpen)
         return;
+    if (song != currentSong)
+        paused = false;
     currentSong = song;
+    tempo = song ? tempoOf(*song) : 0;
     {
         const QScopedValueRollback<bool> own(ignoreStop, true);
         player->setSong(song);
     }
     if (currentSong != song)
         return;
-    setTempo(song ? static_cast<int>(song->getTempo()) : 0);
+    // Somebody may have stepped it meanwhile.
+    setTempo(tempo);
     positionsPage->setSong(song);
     choreographyPage->setSongPresent(!song.isNull());
     selectInOtherTable(song);
@@ -238,7 +249,7 @@ void MainWindow::setCurrentSong(SongPtr song)
     adaptActionsToSong();
     undoBuffer = {song ? song->getPositions() : SongPositions()};
     undoIndex = 0;
-    adaptPlayActions(false);
+    adaptPlayActions(player->isPlaying());
     takeFocusBack();
 }
 
@@ -258,7 +269,7 @@ void MainWindow::adaptActionsToSong()
         return;
     actions->adaptToSong({.hasPositions = currentSong->getPositions().count() > 0,
                           .hasChoreography = currentSong->getCuesheet().isPresent(),
-                          .clipboardEmpty = isClipboardEmpty()});
+                          .clipboardEmpty = clipboardEmpty});
 }
 
 void MainWindow::selectNoneInLibrary()
@@ -283,8 +294,18 @@ void MainWindow::exportSongFile()
     const QString file = currentSong ? currentSong->getFilename() : QString();
     const QString target = SongFileExport::chooseTarget(this, file, buttonFrame->tempoText());
     if (!target.isEmpty())
-        player->convert(target, tempo);
+        writeExport(target);
     takeFocusBack();
+}
+
+void MainWindow::writeExport(const QString &target)
+{
+    if (QFile(target).open(QIODevice::WriteOnly))
+        player->convert(target, tempo);
+    else
+        showError(tr("Die Datei<br>%1<br>kann nicht geschrieben werden. Der Song ist unverändert. "
+                     "Bitte wähle ein anderes Verzeichnis.")
+                      .arg(fileNameAsHtml(target)));
 }
 
 void MainWindow::on_newTimeStamp(int ms)
@@ -303,14 +324,27 @@ void MainWindow::on_playStatusChanged(bool playing)
         paused = false;
     if (playing && currentSong) {
         frameSlider->setLength(currentSong->getPlayLength() * 1000);
+        adaptPlayActions(true);
         return;
     }
     if (!paused) {
         frameSlider->setPosition(0);
         adaptPlayActions(false);
     }
-    if (!ignoreStop && !paused && !frameSlider->isHeld() && framePlaylist->isNonStop())
+    // Each jump of a loop is a stop and a start.
+    const bool ended = !ignoreStop && !paused && !frameSlider->isHeld() && !isPartLooping();
+    if (ended && framePlaylist->isNonStop())
         playPlaylistEntry(1);
+}
+
+bool MainWindow::isPartLooping() const
+{
+    return player->getLoopEnd() > 0;
+}
+
+void MainWindow::noteClipboard()
+{
+    clipboardEmpty = QGuiApplication::clipboard()->text().isEmpty();
 }
 
 void MainWindow::on_partChanged(int part)
@@ -334,7 +368,7 @@ ActionState MainWindow::actionState() const
     state.songsSelected = static_cast<int>(selected.size());
     state.rows = positionsPage->rowCount();
     state.hasMarkedRow = positionsPage->hasMarkedRow();
-    state.clipboardEmpty = isClipboardEmpty();
+    state.clipboardEmpty = clipboardEmpty;
     state.playing = player->isPlaying();
     state.locked = positionEditorOpen;
     state.hasSong = !currentSong.isNull();
@@ -347,6 +381,12 @@ ActionState MainWindow::actionState() const
 
 void MainWindow::adaptActions()
 {
+    adaptActionStates();
+    takeFocusBack();
+}
+
+void MainWindow::adaptActionStates()
+{
     const ActionState state = actionState();
     actions->adapt(state);
     frameTop->setLocked(state.locked);
@@ -356,7 +396,6 @@ void MainWindow::adaptActions()
     if (!currentSong)
         buttonFrame->setTempo({}, {});
     adaptTempoPresetChecks();
-    takeFocusBack();
 }
 
 void MainWindow::adaptCountDownButtons()

@@ -2,9 +2,11 @@
 
 #include "BottomFrame.h"
 #include "ChoreographyPage.h"
+#include "HelpPage.h"
 #include "LibraryPage.h"
 #include "MainWindow.h"
 #include "MessageBoxes.h"
+#include "Player.h"
 #include "PositionsPage.h"
 #include "SettingsPage.h"
 #include "SongListPanel.h"
@@ -17,6 +19,10 @@ namespace {
 
 // The work of these comes later.
 constexpr auto notYet = [](MainWindow &, int) { showNotImplemented(); };
+constexpr auto notYetOfSong = [](MainWindow &window, int) {
+    if (window.getCurrentSong())
+        showNotImplemented();
+};
 
 } // namespace
 
@@ -32,7 +38,9 @@ const MainWindow::Route MainWindow::routes[] = {
     {Command::LoadAndShowPositions,
      [](MainWindow &w, int) {
          w.loadCurrentSong();
-         w.showScreen(PositionsScreen);
+         // Somebody may have gone elsewhere while the song was decoded.
+         if (w.currentScreen() == LibraryScreen)
+             w.showScreen(PositionsScreen);
      }},
     {Command::ToggleMaximised,
      [](MainWindow &w, int) { w.isMaximized() ? w.showNormal() : w.showMaximized(); }},
@@ -48,6 +56,7 @@ const MainWindow::Route MainWindow::routes[] = {
          else if (w.currentScreen() == LibraryScreen)
              w.resetMusicListFilters();
      }},
+    {Command::OpenMenu, [](MainWindow &w, int) { w.frameTop->openMenu(); }},
     {Command::FocusFilter, [](MainWindow &w, int) { w.frameTop->focusFilter(); }},
 
     {Command::ScrollLibrary, [](MainWindow &w, int rows) { w.scrollLibrary(rows); }},
@@ -72,7 +81,11 @@ const MainWindow::Route MainWindow::routes[] = {
     {Command::TogglePlaylistManager, [](MainWindow &w, int) { w.togglePlaylistManager(); }},
     {Command::OpenPlaylistSelection, [](MainWindow &w, int) { w.framePlaylist->openListBox(); }},
     {Command::AddToPlaylist, notYet},
-    {Command::RemoveFromPlaylist, notYet},
+    {Command::RemoveFromPlaylist,
+     [](MainWindow &w, int) {
+         if (w.framePlaylist->isVisible())
+             showNotImplemented();
+     }},
     {Command::SavePlaylist, notYet},
     {Command::ScrollPlaylist, [](MainWindow &w, int rows) { w.scrollPlaylist(rows); }},
     {Command::PagePlaylist, [](MainWindow &w, int pages) { w.pagePlaylist(pages); }},
@@ -95,6 +108,7 @@ const MainWindow::Route MainWindow::routes[] = {
     {Command::PlayContextRow, [](MainWindow &w, int) { w.positionsPage->popupMenuPlay(); }},
     {Command::LoopContextRow, [](MainWindow &w, int) { w.positionsPage->popupMenuPlayLoop(); }},
     {Command::ToggleColumn, [](MainWindow &w, int column) { w.toggleColumn(column); }},
+    {Command::ScrollHelp, [](MainWindow &w, int lines) { w.helpPage->scrollBy(lines); }},
     {Command::ScrollChoreography,
      [](MainWindow &w, int pixels) { w.choreographyPage->scroll(pixels); }},
     {Command::PageChoreography,
@@ -115,10 +129,10 @@ const MainWindow::Route MainWindow::routes[] = {
     {Command::ToggleSlider, [](MainWindow &w, int) { w.toggleSlider(); }},
 
     {Command::EditTags, notYet},
-    {Command::EditPositions, notYet},
+    {Command::EditPositions, notYetOfSong},
     {Command::EditCountDown, notYet},
-    {Command::Replace, notYet},
-    {Command::ShiftTimes, notYet},
+    {Command::Replace, notYetOfSong},
+    {Command::ShiftTimes, notYetOfSong},
     {Command::FormatPositions, notYet},
     {Command::CopyPosition, notYet},
     {Command::PastePosition, notYet},
@@ -140,7 +154,11 @@ const MainWindow::Route MainWindow::routes[] = {
     {Command::MoveSongFiles, notYet},
     {Command::ConvertFile, [](MainWindow &w, int) { w.exportSongFile(); }},
     {Command::ImportSongFiles, notYet},
-    {Command::RemoveSongFiles, notYet},
+    {Command::RemoveSongFiles,
+     [](MainWindow &w, int) {
+         if (!w.player->isPlaying())
+             showNotImplemented();
+     }},
     {Command::SetWriteProtection, notYet},
     {Command::RemoveWriteProtection, notYet},
     {Command::RemoveFileCache, notYet},

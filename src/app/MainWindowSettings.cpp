@@ -204,7 +204,7 @@ void MainWindow::applyTheme()
     setThemeContext({frameTop->menuButtonHeight(), frameTop->menuButtonHeight()}, pictures);
 }
 
-int MainWindow::adaptToFrameHeight(int height)
+std::optional<int> MainWindow::heightInstead(int height) const
 {
     constexpr int smallest = 20;
     constexpr int largest = 80;
@@ -212,6 +212,13 @@ int MainWindow::adaptToFrameHeight(int height)
         return smallest;
     if (height >= QGuiApplication::primaryScreen()->size().height() / 9 || height > largest)
         return largest;
+    return std::nullopt;
+}
+
+int MainWindow::adaptToFrameHeight(int height)
+{
+    if (const auto other = heightInstead(height))
+        return *other;
     setFrameHeights(height);
     applyTheme();
     adaptPositionsHeader();
@@ -241,8 +248,10 @@ void MainWindow::changeFontSize(int points)
     if (startingUp)
         return;
     // Applying a theme is the longest that the window is ever busy: once is enough.
-    if (adaptToFrameHeight(frameTop->height()) != frameTop->height())
+    if (heightInstead(frameTop->height()))
         applyTheme();
+    else
+        adaptToFrameHeight(frameTop->height());
     takeFocusBack();
 }
 

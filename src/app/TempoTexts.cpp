@@ -12,7 +12,7 @@ QString tempoBpmText(int percent, int bpm)
 {
     if (bpm == 0)
         return {};
-    return QString::number((percent + 100) * bpm / 100) + QLatin1Char('b');
+    return QString::number((percent + 100) * qint64{bpm} / 100) + QLatin1Char('b');
 }
 
 QString tempoPresetText(int percent)

@@ -260,6 +260,11 @@ void TopFrame::setPlaylistShown(bool shown)
     buttons.at(PlaylistModeButton)->setChecked(shown);
 }
 
+void TopFrame::setPlaylistManagerShown(bool shown)
+{
+    buttons.at(PlaylistManagerButton)->setChecked(shown);
+}
+
 void TopFrame::setCountDownButtons(bool hasSong, bool hasCountDowns)
 {
     const bool shown = hasSong && screen == PositionsScreen;
@@ -274,7 +279,7 @@ void TopFrame::setCountDownButtons(bool hasSong, bool hasCountDowns)
 void TopFrame::showCount(const QString &count)
 {
     QPushButton *full = buttons.at(CountDownFullButton);
-    if (full->isHidden()) {
+    if (full->isHidden() && screen == PositionsScreen) {
         full->show();
         buttons.at(CountDownEmptyButton)->hide();
     }
@@ -289,6 +294,21 @@ void TopFrame::endCount()
         return;
     full->hide();
     buttons.at(CountDownEmptyButton)->show();
+}
+
+// A menu that is open keeps the keys, so this one must not wait for it.
+void TopFrame::openMenu()
+{
+    QMenu *menu = toolButtonRightMenu->menu();
+    const QPoint corner
+        = toolButtonRightMenu->mapToGlobal(toolButtonRightMenu->rect().bottomRight());
+    menu->popup(corner - QPoint(menu->sizeHint().width(), 0));
+    for (QAction *action : menu->actions()) {
+        if (action->isSeparator() || !action->isEnabled())
+            continue;
+        menu->setActiveAction(action);
+        break;
+    }
 }
 
 bool TopFrame::isFilterFocused() const

@@ -49,6 +49,7 @@ public:
     // The panel with the left playlist is wanted.
     bool isPlaylistShown() const;
     void setPlaylistShown(bool shown);
+    void setPlaylistManagerShown(bool shown);
 
     // The button that tells of countdowns: the full watch for a song that has some, the empty one
     // for another song, none of them without a song or on another screen.
@@ -56,6 +57,9 @@ public:
     // The number to show on the watch, and that there is none any more.
     void showCount(const QString &count);
     void endCount();
+
+    // The menu at the right, as if its button had been pressed.
+    void openMenu();
 
     QLineEdit *filterField() const { return lineEditFilter; }
     bool isFilterFocused() const;

@@ -4,6 +4,7 @@
 
 #include <QCoreApplication>
 #include <QEvent>
+#include <QGuiApplication>
 #include <QHeaderView>
 #include <QMenu>
 #include <QVBoxLayout>
@@ -226,7 +227,9 @@ void PositionsPage::popupMenuPlayLoop()
 void PositionsPage::onTableWidgetPositions_pressed(const QModelIndex &index)
 {
     selectPositionsRow(index.row(), false);
-    if (index.column() == NumberColumn)
+    // Who asks for the menu wants no music.
+    const bool wantsMenu = QGuiApplication::mouseButtons().testFlag(Qt::RightButton);
+    if (index.column() == NumberColumn && !wantsMenu)
         onTableWidgetPositions_doubleClicked(index);
     else
         Q_EMIT pressed();

@@ -499,6 +499,11 @@ void TestSongListPanel::thePageIsTheRightList()
     QVERIFY(page.selectedSongs().isEmpty());
     QVERIFY(page.pageStep() >= 1);
     page.setFontSize(20);
+    // Nobody has seen its columns yet.
+    QVERIFY(page.columnConfig().isEmpty());
+    QVERIFY(!page.restoreColumnConfig({}));
+    page.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&page));
     QVERIFY(page.restoreColumnConfig(page.columnConfig()));
 }
 

@@ -34,6 +34,8 @@ constexpr const char *englishWords[][2] = {
     {"Medientaste Pause", "media key Pause"},
     {"Medientaste Nächster Titel", "media key Next"},
     {"Medientaste Voriger Titel", "media key Previous"},
+    {"Menütaste", "Menu key"},
+    {"Hilfe", "Help"},
     {"überall", "everywhere"},
     {"alle anderen", "all others"},
     {"Musik", "Music"},
@@ -47,6 +49,7 @@ constexpr const char *everywhere = "überall";
 constexpr const char *music = "Musik";
 constexpr const char *positions = "Positionen";
 constexpr const char *choreography = "Choreografie";
+constexpr const char *help = "Hilfe";
 constexpr const char *songScreens = "Musik, Positionen, Choreografie";
 constexpr const char *keys[][2] = {
     {"F1 *", everywhere},
@@ -76,12 +79,16 @@ constexpr const char *keys[][2] = {
     {"Ende", positions},
     {"Pos1", choreography},
     {"Ende", choreography},
+    {"Pos1", help},
+    {"Ende", help},
     {"↑", music},
     {"↓", music},
     {"↑", positions},
     {"↓", positions},
     {"↑", choreography},
     {"↓", choreography},
+    {"↑", help},
+    {"↓", help},
     {"Umschalt+↑", music},
     {"Umschalt+↓", music},
     {"AltGr+↑", songScreens},
@@ -92,6 +99,9 @@ constexpr const char *keys[][2] = {
     {"Bild↓", positions},
     {"Bild↑", choreography},
     {"Bild↓", choreography},
+    {"Bild↑", help},
+    {"Bild↓", help},
+    {"Menütaste *", everywhere},
     {"AltGr+Bild↑", songScreens},
     {"AltGr+Bild↓", songScreens},
     {"← *", everywhere},

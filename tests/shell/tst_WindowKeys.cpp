@@ -1,3 +1,4 @@
+#include "FileDialogs.h"
 #include "LibraryPage.h"
 #include "MessageBoxes.h"
 #include "Player.h"
@@ -9,6 +10,7 @@
 #include <QFrame>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -16,7 +18,11 @@
 #include <QSlider>
 #include <QSpinBox>
 #include <QTableView>
+#include <QTextBrowser>
 #include <QTimer>
+#include <QToolButton>
+
+#include <limits>
 
 using namespace Qt::StringLiterals;
 using Settings::Key;
@@ -65,6 +71,13 @@ private Q_SLOTS:
     void loadingASongEnablesItsActions();
     void everyButtonHasNameAndTip();
     void choreographyScrollsByKeys();
+    void helpScrollsByKeys();
+    void menuOpensByKey();
+    void partsThatFollowLeaveTheFocus();
+    void seekedSongStillPlays();
+    void oddTemposOfFilesAreMended_data();
+    void oddTemposOfFilesAreMended();
+    void exportThatCannotBeWrittenIsTold();
 };
 
 void TestWindowKeys::screensInARound()
@@ -594,6 +607,105 @@ void TestWindowKeys::choreographyScrollsByKeys()
     QCOMPARE(bar->value(), bar->maximum());
     key(Qt::Key_Home);
     QCOMPARE(bar->value(), 0);
+}
+
+void TestWindowKeys::helpScrollsByKeys()
+{
+    useLibrary();
+    start();
+    key(Qt::Key_F5);
+    const QScrollBar *bar = find<QTextBrowser>("textBrowserIntro")->verticalScrollBar();
+    QTRY_VERIFY(bar->maximum() > 100);
+    key(Qt::Key_Down);
+    QVERIFY(bar->value() > 0);
+    key(Qt::Key_End);
+    QCOMPARE(bar->value(), bar->maximum());
+    key(Qt::Key_PageUp);
+    QVERIFY(bar->value() < bar->maximum());
+    key(Qt::Key_Home);
+    QCOMPARE(bar->value(), 0);
+}
+
+void TestWindowKeys::menuOpensByKey()
+{
+    useLibrary();
+    start();
+    for (int screen = 0; screen < screenCount; ++screen) {
+        window->showScreen(screen);
+        QMenu *menu = find<QToolButton>("toolButtonRightMenu")->menu();
+        key(Qt::Key_Menu);
+        QTRY_VERIFY(menu->isVisible());
+        QVERIFY(menu->activeAction() && menu->activeAction()->isEnabled());
+        menu->hide();
+    }
+}
+
+// While the music goes on, somebody may be typing.
+void TestWindowKeys::partsThatFollowLeaveTheFocus()
+{
+    useLibrary();
+    start();
+    select(u"Rocky Top"_qs);
+    key(Qt::Key_Return);
+    key(Qt::Key_F1);
+    key(Qt::Key_F);
+    QVERIFY(find<QLineEdit>("lineEditFilter")->hasFocus());
+    Q_EMIT tarvelo->getPlayer()->notifyActivePartChanged(2);
+    QCOMPARE(find<PositionsPage>("page2_Lyrics")->selectedPositionsRow(), 2);
+    QVERIFY(find<QLineEdit>("lineEditFilter")->hasFocus());
+}
+
+void TestWindowKeys::seekedSongStillPlays()
+{
+    useLibrary();
+    start();
+    select(u"Rocky Top"_qs);
+    key(Qt::Key_Return);
+    const QAction *remove = action(u"Löschen ..."_qs);
+    Q_EMIT tarvelo->getPlayer()->notifyIsPlayingChanged(false);
+    QVERIFY(remove->isEnabled());
+    Q_EMIT tarvelo->getPlayer()->notifyIsPlayingChanged(true);
+    QVERIFY(!remove->isEnabled());
+    Q_EMIT tarvelo->getPlayer()->notifyIsPlayingChanged(false);
+}
+
+void TestWindowKeys::oddTemposOfFilesAreMended_data()
+{
+    QTest::addColumn<double>("stored");
+    QTest::addColumn<int>("percent");
+    QTest::newRow("none") << std::numeric_limits<double>::quiet_NaN() << 0;
+    QTest::newRow("endless") << std::numeric_limits<double>::infinity() << 0;
+    QTest::newRow("huge") << 1e30 << 50;
+    QTest::newRow("beyond the end") << -60.0 << -50;
+    QTest::newRow("with a fraction") << -7.6 << -7;
+}
+
+void TestWindowKeys::oddTemposOfFilesAreMended()
+{
+    QFETCH(double, stored);
+    QFETCH(int, percent);
+    useLibrary();
+    start();
+    select(u"Rocky Top"_qs);
+    find<LibraryPage>("page1_MusicList")->selectedSong()->setTempo(stored);
+    key(Qt::Key_Return);
+    QCOMPARE(window->getTempo(), percent);
+    key(percent < 0 ? Qt::Key_Plus : Qt::Key_Minus);
+    QCOMPARE(window->getTempo(), percent < 0 ? percent + 1 : percent - 1);
+}
+
+void TestWindowKeys::exportThatCannotBeWrittenIsTold()
+{
+    useLibrary();
+    start();
+    select(u"Rocky Top"_qs);
+    setSaveFileChooser([](const QString &, const QString &, const QString &) {
+        return u"/nowhere/at all/song.wav"_qs;
+    });
+    key(Qt::Key_E, Qt::AltModifier);
+    setSaveFileChooser({});
+    QCOMPARE(boxes.size(), 1);
+    QVERIFY(boxes.constFirst().text.contains(u"kann nicht geschrieben werden"_qs));
 }
 
 TARVELO_TEST_MAIN(TestWindowKeys, QApplication)

@@ -44,6 +44,9 @@ private Q_SLOTS:
     void nonStopPlaysTheNextSong();
     void nonStopEndsWithTheList();
     void stopIsNoEnd();
+    void rescanIsNoEnd();
+    void sameEntryChangesNothing();
+    void panelLeavesTheSelection();
     void doubleClickDividesTheRoom();
     void listBoxOpensByKey();
 
@@ -225,6 +228,43 @@ void TestWindowPlaylist::stopIsNoEnd()
         key(code);
         QCOMPARE(window->getCurrentSong(), song);
     }
+}
+
+void TestWindowPlaylist::rescanIsNoEnd()
+{
+    startWithList();
+    find<QPushButton>("buttonPlaylistNonStop")->click();
+    key(Qt::Key_Home, altGr);
+    QSignalSpy starts(tarvelo->getPlayer(), &Player::requestStart);
+    key(Qt::Key_P);
+    QCOMPARE(starts.size(), 1);
+    window->refreshAllLists();
+    QCOMPARE(starts.size(), 1);
+    QVERIFY(!window->getCurrentSong());
+}
+
+void TestWindowPlaylist::sameEntryChangesNothing()
+{
+    startWithList();
+    key(Qt::Key_Home, altGr);
+    window->setTempo(11);
+    key(Qt::Key_Home, altGr);
+    QCOMPARE(window->getTempo(), 11);
+}
+
+// The library was there before and stays.
+void TestWindowPlaylist::panelLeavesTheSelection()
+{
+    startWithList();
+    select(u"Rocky Top"_qs);
+    for (int i = 0; i < 2; ++i) {
+        key(Qt::Key_L);
+        QCOMPARE(right()->selection().songs().size(), 1);
+    }
+    find<QPushButton>("buttonPlaylistManager")->click();
+    key(Qt::Key_L);
+    key(Qt::Key_L);
+    QVERIFY(!find<QPushButton>("buttonPlaylistManager")->isChecked());
 }
 
 void TestWindowPlaylist::doubleClickDividesTheRoom()

@@ -390,7 +390,8 @@ void SongListPanel::spreadColumns()
 
 QByteArray SongListPanel::columnConfig() const
 {
-    return view->horizontalHeader()->saveState();
+    // Widths that nobody has seen yet are none to be kept.
+    return columnsPlaced ? view->horizontalHeader()->saveState() : QByteArray();
 }
 
 bool SongListPanel::restoreColumnConfig(const QByteArray &config)
