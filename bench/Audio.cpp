@@ -4,53 +4,31 @@
 #include "BareAudio.h"
 #include "Bench.h"
 #include "FirstSound.h"
+#include "LongSong.h"
+#include "ProcessUsage.h"
+#include "Waiting.h"
 
-#include <Library.h>
 #include <Player.h>
 #include <PlayerDevice.h>
 #include <SongAudioDataQt.h>
 #include <SongStore.h>
 
 #include <QDir>
-#include <QEventLoop>
 #include <QFile>
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QLoggingCategory>
 #include <QProcess>
 #include <QTemporaryDir>
-#include <QTimer>
-
-#include <sys/resource.h>
 
 using namespace Qt::StringLiterals;
+using Bench::check;
 
 namespace {
 
-constexpr int songMs = 180000;
 constexpr double slow = -20;
 constexpr int playSeconds = 20;
 constexpr qint64 pullSize = 44100 / 50 * 4;
-
-void check(bool done, const char *what)
-{
-    if (!done)
-        qFatal("%s", what);
-}
-
-// A demo song's parts again and again, until three minutes are full.
-Demo::Score makeScore(const QString &name)
-{
-    Demo::Score score = Demo::songs().constFirst();
-    score.path = name;
-    score.rate = 44100;
-    score.channels = 2;
-    score.firstBeatMs = 0; // a silent beginning would tell nothing of the start
-    const QList<Demo::Part> parts = score.parts;
-    while (score.beatMs(score.beats()) < songMs)
-        score.parts.append(parts.at(score.parts.size() % parts.size()));
-    return score;
-}
 
 struct Music
 {
@@ -60,10 +38,7 @@ struct Music
 
 Music makeMusic(const QString &directory)
 {
-    const Demo::Score score = makeScore(u"one.mp3"_s);
-    if (const QString failure = Demo::writeLibrary(directory, {score}); !failure.isEmpty())
-        qFatal("%s", qPrintable(failure));
-    const Music music{QDir(directory).filePath(score.path),
+    const Music music{LongSong::write(directory, u"one.mp3"_s),
                       QDir(directory).filePath(u"other.mp3"_s)};
     check(QFile::copy(music.one, music.other), "No second song.");
     return music;
@@ -76,26 +51,10 @@ SongPtr load(const QString &file)
     return song;
 }
 
-void wait(int ms)
-{
-    QEventLoop loop;
-    QTimer::singleShot(ms, Qt::PreciseTimer, &loop, &QEventLoop::quit);
-    loop.exec();
-}
-
-void waitForEnd(const SongAudioData &audio)
-{
-    if (!audio.isGrowing())
-        return;
-    QEventLoop loop;
-    QObject::connect(&audio, &SongAudioData::decodingEnded, &loop, &QEventLoop::quit);
-    loop.exec();
-}
-
 void decodeWhole(Song &song)
 {
     song.decodeAudio();
-    waitForEnd(*song.getAudioData());
+    Waiting::forDecoder(*song.getAudioData());
     check(song.audioBufferCount() > 0, "The song was not decoded.");
 }
 
@@ -141,17 +100,18 @@ void measureConvert(const QString &file, int rounds)
     for (int round = 0; round < rounds; ++round) {
         times.append(Bench::once(
             [&] { song->convert(target, static_cast<int>(slow), Song::EFileFormat::Wav); }));
-        check(QFileInfo(target).size() > songMs / 1000 * 44100 * 4, "The export is not whole.");
+        check(QFileInfo(target).size() > LongSong::ms / 1000 * 44100 * 4,
+              "The export is not whole.");
     }
     QFile::remove(target);
-    Bench::report("audio.convert.realtime_factor", songMs / Bench::median(times));
+    Bench::report("audio.convert.realtime_factor", LongSong::ms / Bench::median(times));
 }
 
 qint64 decodeKeeping(const QString &file, const QAudioFormat &format)
 {
     SongAudioDataQt audio;
     audio.decode(file, format);
-    waitForEnd(audio);
+    Waiting::forDecoder(audio);
     qint64 frames = 0;
     for (int i = 0; i < audio.count(); ++i)
         frames += audio.at(i)->frameCount();
@@ -187,7 +147,7 @@ void measureSetSong(const Music &music, int rounds)
         const double took = Bench::once([&] { player.setSong(song); });
         if (round >= 2)
             times.append(took);
-        waitForEnd(*song->getAudioData());
+        Waiting::forDecoder(*song->getAudioData());
     }
     Bench::report("audio.set_song_ms", Bench::median(times));
 }
@@ -228,21 +188,12 @@ void measureFirstSample(const QString &file, int rounds)
     for (int round = 0; round < rounds; ++round) {
         Player player;
         player.setSong(song);
-        waitForEnd(*song->getAudioData());
-        wait(100); // the decoder is taken down behind its last buffer
+        Waiting::forDecoder(*song->getAudioData());
+        Waiting::milliseconds(100); // the decoder is taken down behind its last buffer
         times.append(FirstSound::after([&] { player.start(); }));
         check(times.last() >= 0, "Nothing is heard.");
     }
     Bench::report("audio.first_sample_ms", Bench::median(times));
-}
-
-double processorSeconds()
-{
-    rusage usage{};
-    check(getrusage(RUSAGE_SELF, &usage) == 0, "No usage.");
-    const auto seconds
-        = [](const timeval &time) { return double(time.tv_sec) + double(time.tv_usec) / 1e6; };
-    return seconds(usage.ru_utime) + seconds(usage.ru_stime);
 }
 
 // Of one processor, when the song is decoded and the music runs.
@@ -252,15 +203,14 @@ void measurePlay(const QString &file)
     const SongPtr song = load(file);
     player.setSong(song);
     player.setTempo(slow);
-    waitForEnd(*song->getAudioData());
+    Waiting::forDecoder(*song->getAudioData());
     player.start();
-    wait(1000);
+    Waiting::milliseconds(1000);
     const int from = player.getPlaytime();
-    const double before = processorSeconds();
-    const double ms = Bench::once([] { wait(playSeconds * 1000); });
-    const double used = processorSeconds() - before;
+    const double percent = ProcessUsage::processorPercent(
+        QCoreApplication::applicationPid(), [] { Waiting::milliseconds(playSeconds * 1000); });
     check(player.getPlaytime() - from > playSeconds * 700, "The music did not play on.");
-    Bench::report("audio.play.cpu_percent", used * 1e5 / ms);
+    Bench::report("audio.play.cpu_percent", percent);
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 
 #include <QElapsedTimer>
 #include <QList>
+#include <QtDebug>
 
 #include <algorithm>
 #include <cstdio>
@@ -16,6 +17,18 @@ inline int count(int usual)
 {
     const int wanted = qEnvironmentVariableIntValue("TARVELO_BENCH_COUNT");
     return wanted > 0 ? wanted : usual;
+}
+
+// What can't be measured ends the program.
+inline void check(bool done, const char *what)
+{
+    if (!done)
+        qFatal("%s", what);
+}
+
+inline double milliseconds(const timespec &time)
+{
+    return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) / 1e6;
 }
 
 // The shortest of some runs, in milliseconds: what the work takes when nothing disturbs it.
@@ -44,7 +57,7 @@ template <typename Work> double onceOnProcessor(Work work)
     const auto now = [] {
         timespec time{};
         clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
-        return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) / 1e6;
+        return milliseconds(time);
     };
     const double begin = now();
     work();
@@ -56,6 +69,14 @@ inline double median(QList<double> values)
 {
     std::sort(values.begin(), values.end());
     return values.at(values.size() / 2);
+}
+
+// What 95 of 100 of the values, which are not empty, don't exceed: how long somebody waits at
+// worst.
+inline double percentile95(QList<double> values)
+{
+    std::sort(values.begin(), values.end());
+    return values.at((values.size() * 95 + 99) / 100 - 1);
 }
 
 // One line: name and value.

@@ -19,6 +19,7 @@
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
+using Bench::check;
 
 namespace {
 
@@ -26,12 +27,6 @@ constexpr qsizetype documentSize = 200 * 1024;
 // More than any room that a tag of this size keeps, and less than what is taken back from it.
 constexpr int growth = 200 * 1024;
 constexpr qint64 songSize = 10 * 1024 * 1024;
-
-void check(bool done, const char *what)
-{
-    if (!done)
-        qFatal("%s", what);
-}
 
 // No two stretches of it are alike, as in a document that is packed already.
 QByteArray makeDocument()

@@ -3,6 +3,7 @@
 
 #include "BareScan.h"
 #include "Bench.h"
+#include "ProcessUsage.h"
 #include "ScanLibrary.h"
 
 #include <SongManager.h>
@@ -62,26 +63,16 @@ QString emptied(const QString &path)
     return path;
 }
 
-// Of this process, in kilobytes: what is in memory now, or the most that ever was.
-double memory(const QByteArray &field)
-{
-    QFile file(u"/proc/self/status"_s);
-    if (!file.open(QIODevice::ReadOnly))
-        return 0;
-    for (const QByteArray &line : file.readAll().split('\n')) {
-        if (line.startsWith(field + ':'))
-            return line.mid(field.size() + 1).simplified().split(' ').constFirst().toDouble();
-    }
-    return 0;
-}
-
 // In a process of its own, where no memory of an earlier scan is used again.
 void tellMemory(int count)
 {
-    const double before = memory("VmRSS");
+    const auto kilobytes = [](const char *field) {
+        return ProcessUsage::kilobytes(QCoreApplication::applicationPid(), field);
+    };
+    const double before = kilobytes("VmRSS");
     SongManager manager;
     scanWith(manager, count, true);
-    std::printf("%.3f %.3f\n", (memory("VmRSS") - before) / count, memory("VmHWM") / 1024);
+    std::printf("%.3f %.3f\n", (kilobytes("VmRSS") - before) / count, kilobytes("VmHWM") / 1024);
 }
 
 struct Memory

@@ -1,5 +1,7 @@
 #include "ScanLibrary.h"
 
+#include "Bench.h"
+
 #include <Library.h>
 #include <Settings.h>
 #include <Song.h>
@@ -10,6 +12,7 @@
 #include <filesystem>
 
 using namespace Qt::StringLiterals;
+using Bench::check;
 
 namespace {
 
@@ -17,12 +20,6 @@ constexpr int songsPerDirectory = 100;
 constexpr int eventsPerSong = 3;
 constexpr int positionsPerSong = 12;
 constexpr qsizetype documentSize = 1024 * 1024;
-
-void check(bool done, const char *what)
-{
-    if (!done)
-        qFatal("%s", what);
-}
 
 // Older than any cache file that is made of it.
 void date(const QString &path)
