@@ -65,9 +65,29 @@ template <class Put> QStringList fill(const QString &directory, int count, Put p
         const QString folder = u"%1/Folder %2"_s.arg(directory).arg(i / songsPerDirectory);
         QDir().mkpath(folder);
         files.append(u"%1/Song %2.mp3"_s.arg(folder).arg(i));
-        put(files.constLast());
+        put(files.constLast(), i);
     }
     return files;
+}
+
+// All of one length, and in no order.
+QByteArray title(int number)
+{
+    return "Dance " + QByteArray::number(number * 7919LL % 100000).rightJustified(5, '0');
+}
+
+QByteArray read(const QString &path)
+{
+    QFile file(path);
+    check(file.open(QIODevice::ReadOnly), "No song can be read.");
+    return file.readAll();
+}
+
+void write(const QString &path, const QByteArray &bytes)
+{
+    QFile file(path);
+    check(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size(),
+          "No song can be written.");
 }
 
 } // namespace
@@ -76,6 +96,7 @@ QString ScanLibrary::makeSong(const QString &directory)
 {
     const Demo::Score score = Demo::songs().constFirst();
     Song song(writeMusic(directory, score), false);
+    song.setTitle(QString::fromLatin1(title(0)));
     addPositions(song, score.parts);
     addEvents(song);
     check(song.save(), "No song.");
@@ -95,15 +116,18 @@ QString ScanLibrary::makeSongWithDocument(const QString &song, const QString &pa
 
 QStringList ScanLibrary::copies(const QString &song, const QString &directory, int count)
 {
-    return fill(directory, count, [&](const QString &path) {
-        check(QFile::copy(song, path), "No copy of the song.");
+    QByteArray bytes = read(song);
+    const qsizetype place = bytes.indexOf(title(0));
+    check(place > 0, "The song has another title.");
+    return fill(directory, count, [&](const QString &path, int number) {
+        write(path, bytes.replace(place, title(number).size(), title(number)));
         date(path);
     });
 }
 
 QStringList ScanLibrary::links(const QString &song, const QString &directory, int count)
 {
-    return fill(directory, count, [&](const QString &path) {
+    return fill(directory, count, [&](const QString &path, int) {
         std::filesystem::create_hard_link(song.toStdU16String(), path.toStdU16String());
     });
 }

@@ -12,8 +12,8 @@ QString makeSong(const QString &directory);
 // A copy of the song with a choreography of a megabyte.
 QString makeSongWithDocument(const QString &song, const QString &path);
 
-// That many songs below the directory, a hundred in each folder, each a file (or a link to the same
-// one, where none is written any more) that is an hour old.
+// That many songs below the directory, a hundred in each folder, each a file with a title of its
+// own (or a link to the same one, where none is written any more) that is an hour old.
 QStringList copies(const QString &song, const QString &directory, int count);
 QStringList links(const QString &song, const QString &directory, int count);
 
