@@ -1,14 +1,17 @@
+#include "FrozenTableView.h"
 #include "LibraryPage.h"
 #include "MessageBoxes.h"
 #include "Player.h"
 #include "PositionsPage.h"
 #include "SettingsPage.h"
+#include "SongListPanel.h"
 #include "SongManager.h"
 #include "TestMain.h"
 #include "WindowFixture.h"
 
 #include <QAbstractItemModelTester>
 #include <QApplication>
+#include <QHeaderView>
 #include <QLabel>
 #include <QMenu>
 #include <QPushButton>
@@ -23,6 +26,27 @@
 #include <unistd.h>
 
 using Settings::Key;
+
+namespace {
+
+// The windows of the program, as they are shown for the first time.
+class ShowLog : public QObject
+{
+public:
+    ShowLog() { qApp->installEventFilter(this); }
+
+    bool eventFilter(QObject *shown, QEvent *event) override
+    {
+        const QString name = QLatin1String(shown->metaObject()->className());
+        const bool isWindow = shown->isWidgetType() && static_cast<QWidget *>(shown)->isWindow();
+        if (event->type() == QEvent::Show && isWindow && !order.contains(name))
+            order.append(name);
+        return false;
+    }
+    QStringList order;
+};
+
+} // namespace
 
 // The window coming up and going away, and what it keeps in the settings.
 class TestStartAndEnd : public WindowFixture
@@ -41,7 +65,10 @@ private Q_SLOTS:
     void quitDuringStartSkipsTheEventLoop();
     void closingSavesTheSettings();
     void nothingIsSavedBeforeTheEnd();
-    void partColumnOfAnOldStore();
+    void windowsComeInTheirOrder_data();
+    void windowsComeInTheirOrder();
+    void storesOfOlderVersions_data();
+    void storesOfOlderVersions();
     void frameHeightFollowsTheStore_data();
     void frameHeightFollowsTheStore();
     void bothLanguages_data();
@@ -164,13 +191,83 @@ void TestStartAndEnd::nothingIsSavedBeforeTheEnd()
     QCOMPARE(Settings::value(Key::FontSize).toInt(), 15);
 }
 
-void TestStartAndEnd::partColumnOfAnOldStore()
+void TestStartAndEnd::windowsComeInTheirOrder_data()
 {
-    useLibrary();
-    Settings::setValue(Key::Version, QStringLiteral("1.5.3"));
-    Settings::setValue(Key::ShowPartColumn, false);
+    QTest::addColumn<bool>("stored");
+    QTest::addColumn<QString>("directory");
+    QTest::addColumn<QStringList>("order");
+    const QString splash = QStringLiteral("TarveloSplashScreen");
+    const QString main = QStringLiteral("MainWindow");
+    const QString information = QStringLiteral("Information ...");
+    QTest::newRow("first run") << false << "" << QStringList{splash, main, information};
+    QTest::newRow("later run") << true << "" << QStringList{splash, main};
+    QTest::newRow("directory is gone")
+        << true << "/nowhere" << QStringList{QStringLiteral("Fehler ..."), splash, main};
+}
+
+void TestStartAndEnd::windowsComeInTheirOrder()
+{
+    QFETCH(bool, stored);
+    QFETCH(QString, directory);
+    if (stored)
+        useLibrary();
+    if (!directory.isEmpty())
+        Settings::setValue(Key::MusicDir, directory);
+    Settings::setValue(Key::Language, QStringLiteral("de_DE"));
+    ShowLog shown;
+    setBoxRunner([&shown](QMessageBox &box) {
+        shown.order.append(box.windowTitle());
+        return QMessageBox::Ok;
+    });
     start();
-    QVERIFY(!find<QTableWidget>("tableWidgetPositions")->isColumnHidden(PartColumn));
+    QTEST(shown.order, "order");
+    QCOMPARE(window->currentScreen(), static_cast<int>(stored ? LibraryScreen : SettingsScreen));
+}
+
+void TestStartAndEnd::storesOfOlderVersions_data()
+{
+    QTest::addColumn<QString>("version");
+    QTest::addColumn<bool>("showsParts");
+    QTest::addColumn<int>("rounding");
+    QTest::addColumn<bool>("keepsListColumns");
+    QTest::newRow("1.5.3") << "1.5.3" << true << 3600 << false;
+    QTest::newRow("1.5.4") << "1.5.4" << true << 3600 << false;
+    QTest::newRow("1.5.5") << "1.5.5" << false << 3600 << false;
+    QTest::newRow("5.0.0") << "5.0.0" << false << 86400 << false;
+    QTest::newRow("6.0.0") << "6.0.0" << false << 86400 << false;
+    QTest::newRow("6.0.1") << "6.0.1" << false << 86400 << true;
+    QTest::newRow("this one") << "8.0.0" << false << 86400 << true;
+}
+
+// What is stored for the left list, and for the library, shows a column more than usual.
+void TestStartAndEnd::storesOfOlderVersions()
+{
+    QFETCH(QString, version);
+    useLibrary();
+    start();
+    const auto leftTable = [this] { return find<SongListPanel>("framePlaylist")->table(); };
+    int column = 0;
+    while (!leftTable()->isColumnHidden(column))
+        ++column;
+    QVERIFY(column < leftTable()->horizontalHeader()->count());
+    for (SongListPanel *panel : window->findChildren<SongListPanel *>())
+        panel->table()->setColumnHidden(column, false);
+    QVERIFY(window->byeBye());
+    dropWindow();
+
+    Settings::setValue(Key::Version, version);
+    Settings::setValue(Key::ShowPartColumn, false);
+    Settings::setValue(Key::EventRounding, 86400);
+    start();
+    const auto *positions = find<QTableWidget>("tableWidgetPositions");
+    QTEST(!positions->isColumnHidden(PartColumn), "showsParts");
+    QTEST(!leftTable()->isColumnHidden(column), "keepsListColumns");
+    QVERIFY(!find<LibraryPage>("page1_MusicList")->songList()->table()->isColumnHidden(column));
+    QCOMPARE(window->currentScreen(), static_cast<int>(LibraryScreen));
+    QVERIFY(boxes.isEmpty());
+    QVERIFY(window->byeBye());
+    QTEST(Settings::value(Key::EventRounding).toInt(), "rounding");
+    QCOMPARE(Settings::value(Key::Version).toString(), QStringLiteral("8.0.0"));
 }
 
 void TestStartAndEnd::frameHeightFollowsTheStore_data()
