@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QSpinBox>
 
 namespace {
@@ -38,16 +39,27 @@ SettingsPage::SettingsPage(QWidget *parent)
 {
     setObjectName(QStringLiteral("tabWidgetSettings"));
     setFocusPolicy(Qt::NoFocus);
-    auto *page = new QWidget(this);
-    page->setObjectName(QStringLiteral("tabCommon"));
-    addTab(page, QString());
-    addRows(page);
+    addRows(addPage("tabCommon"));
     retranslate();
     connect(buttonMusicDir, &QPushButton::clicked, this, &SettingsPage::onButtonMusicDir_clicked);
     connect(spinBoxFontSize, &QSpinBox::valueChanged, this, &SettingsPage::fontSizeChanged);
     connect(spinBoxMaxFontSizePositions, &QSpinBox::valueChanged, this,
             &SettingsPage::maxFontSizePositionsChanged);
     connect(spinBoxFrameSize, &QSpinBox::valueChanged, this, &SettingsPage::frameSizeChanged);
+}
+
+// A page that is larger than the window scrolls: it doesn't make the window grow.
+QWidget *SettingsPage::addPage(const char *name)
+{
+    auto *area = new QScrollArea(this);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setWidgetResizable(true);
+    area->setFocusPolicy(Qt::NoFocus);
+    auto *page = new QWidget(area);
+    page->setObjectName(QLatin1String(name));
+    area->setWidget(page);
+    addTab(area, QString());
+    return page;
 }
 
 void SettingsPage::addRows(QWidget *page)

@@ -37,6 +37,7 @@ Q_SIGNALS:
     void frameSizeChanged(int pixels);
 
 private:
+    QWidget *addPage(const char *name);
     void addRows(QWidget *page);
     void onButtonMusicDir_clicked();
 
