@@ -89,10 +89,14 @@ private:
     {
         constexpr int silence = 200;
         constexpr int dropoutFrames = 44100 / 200;
-        quiet = qAbs(int(sample)) > silence || !attentive ? 0 : quiet + 1;
+        const bool heard = qAbs(int(sample)) > silence || !attentive;
         framesHeard += attentive ? 1 : 0;
-        if (quiet == dropoutFrames)
+        if (heard && quiet >= dropoutFrames) {
             ++dropouts;
+            fprintf(stdout, "FIGURE a dropout of %d ms, %lld s heard before it\n",
+                    quiet * 1000 / 44100, framesHeard / 44100);
+        }
+        quiet = heard ? 0 : quiet + 1;
     }
 
     QProcess process;
