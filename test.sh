@@ -60,6 +60,7 @@ fi
 
 # ctest keeps its own log in the build directory; whoever runs it next may write it too.
 mkdir -p "build/$preset/Testing/Temporary"
+code=0
 home=$(mktemp -d /tmp/tarvelo-test.XXXXXX)
 trap 'rm -rf "$home"' EXIT
 mkdir "$home/tmp"
@@ -79,8 +80,12 @@ in_session() {
 
 # The sound is played and recorded in real time: where the machine was busy with other things for a
 # moment, the recording has a gap, and the test is run once more. No other test is: a save that was
-# killed and lost its song would be hidden by the next one.
-code=0
+# killed and lost its song would be hidden by the next one. Real time takes little of a processor:
+# the player's tests run beside those of the window, each group in a session of its own.
 in_session -LE session "$@" || code=$?
-in_session -L session --repeat until-pass:2 "$@" || code=$?
+in_session -L session -L player --repeat until-pass:2 "$@" >"$home/player.log" 2>&1 &
+player=$!
+in_session -L session -LE player --repeat until-pass:2 "$@" || code=$?
+wait "$player" || code=$?
+cat "$home/player.log"
 exit "$code"
