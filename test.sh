@@ -85,8 +85,11 @@ in_session() {
 # killed and lost its song would be hidden by the next one. Real time takes little of a processor:
 # the player's tests run beside those of the window, each group in a session of its own.
 in_session -LE session "$@" || code=$?
-in_session -L session -L player --repeat until-pass:2 "$@" >"$home/player.log" 2>&1 &
+set -m # in the background with a group of its own, which can be ended as a whole
+in_session -L session -L player --repeat until-pass:2 "$@" </dev/null >"$home/player.log" 2>&1 &
 player=$!
+set +m
+trap 'kill -- "-$player" 2>/dev/null; rm -rf "$home"' EXIT
 in_session -L session -LE player --repeat until-pass:2 "$@" || code=$?
 wait "$player" || code=$?
 cat "$home/player.log"
