@@ -57,17 +57,6 @@ QVariant lastTempo(const Song &song)
     return song.getTempo() > 0 ? u'+' + text : text;
 }
 
-QVariant positions(const Song &song)
-{
-    QString text;
-    for (int index = 0; index < song.getPositions().count(); ++index) {
-        if (index > 0)
-            text.append(u'\n');
-        text.append(song.getPositions().at(index).getSteps());
-    }
-    return text;
-}
-
 constexpr auto Bool = QMetaType::Bool;
 constexpr auto Int = QMetaType::Int;
 constexpr auto Double = QMetaType::Double;
@@ -135,7 +124,7 @@ const SongColumnRow rows[] = {
     {TrackNumberColumn, QT_TRANSLATE_NOOP("SongListTableModel", "Track-Nr."), Int, false, Up, false,
      HiddenBoth, 10, VALUE(song.getTrackNum())},
     {PositionTextsColumn, QT_TRANSLATE_NOOP("SongListTableModel", "Positionen"), Text, false, Up,
-     true, HiddenBoth, 40, VALUE(positions(song))},
+     true, HiddenBoth, 40, VALUE(positionsAsText(song.getPositions()))},
     {PathColumn, QT_TRANSLATE_NOOP("SongListTableModel", "Pfad"), Text, false, Up, true,
      HiddenRight, 40, VALUE(song.getFilename())},
     {CloudIdColumn, QT_TRANSLATE_NOOP("SongListTableModel", "Cloud ID"), Text, false, Up, false,
