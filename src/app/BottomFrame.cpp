@@ -2,6 +2,7 @@
 
 #include "PixelFont.h"
 #include "Screens.h"
+#include "Tips.h"
 
 #include <QHBoxLayout>
 #include <QPushButton>
@@ -183,11 +184,8 @@ void BottomFrame::addButton(const Row &row)
 
 void BottomFrame::retranslate()
 {
-    for (int id = 0; id < ButtonCount; ++id) {
-        const QString tip = table[id].tip ? tr(table[id].tip) : screenTip(id);
-        button(id)->setToolTip(tip);
-        button(id)->setAccessibleName(tip.section(QStringLiteral("  "), 0, 0));
-    }
+    for (int id = 0; id < ButtonCount; ++id)
+        describe(button(id), table[id].tip ? tr(table[id].tip) : screenTip(id));
 }
 
 void BottomFrame::setScreen(int screen)

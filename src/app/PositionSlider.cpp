@@ -1,5 +1,7 @@
 #include "PositionSlider.h"
 
+#include "Tips.h"
+
 #include <QHBoxLayout>
 #include <QSlider>
 
@@ -61,7 +63,5 @@ void PositionSlider::setFrameHeight(int height)
 
 void PositionSlider::retranslate()
 {
-    const QString tip = tr("Abspielfortschritt       Strg+O");
-    horizontalSliderPosition->setToolTip(tip);
-    horizontalSliderPosition->setAccessibleName(tip.section(QStringLiteral("  "), 0, 0));
+    describe(horizontalSliderPosition, tr("Abspielfortschritt       Strg+O"));
 }

@@ -2,6 +2,8 @@
 
 #include "PixelFont.h"
 #include "Screens.h"
+#include "ThemeContext.h"
+#include "Tips.h"
 
 #include <QHBoxLayout>
 #include <QIcon>
@@ -141,10 +143,10 @@ void TopFrame::retranslate()
         widget->setAccessibleName(tip.section(QStringLiteral("  "), 0, 0));
     };
     for (int i = 0; i < ButtonCount; ++i)
-        tell(buttons.at(i), tr(buttonTable[i].tip));
-    tell(toolButtonRightMenu, tr("Menü"));
-    tell(toolButtonScreenSelect, tr("Bildschirm wählen       F1 ... F5"));
-    tell(lineEditFilter, tr("Suche in allen Spalten       F"));
+        describe(buttons.at(i), tr(buttonTable[i].tip));
+    describe(toolButtonRightMenu, tr("Menü"));
+    describe(toolButtonScreenSelect, tr("Bildschirm wählen       F1 ... F5"));
+    describe(lineEditFilter, tr("Suche in allen Spalten       F"));
     lineEditFilter->setPlaceholderText(tr("Suchen"));
     labelScreen->setText(screenName(screen));
 }

@@ -10,6 +10,7 @@
 #include "SongManager.h"
 #include "TimeTexts.h"
 
+#include "Tips.h"
 #include <QApplication>
 #include <QEvent>
 #include <QFile>
@@ -74,10 +75,9 @@ HiddenAtFirst hiddenBit(SongListPanel::Side side)
     return side == SongListPanel::Side::Right ? HiddenRight : HiddenLeft;
 }
 
-void describe(QWidget *widget, const QString &text, const QString &key)
+QString withKey(const QString &text, const QString &key)
 {
-    widget->setAccessibleName(text);
-    widget->setToolTip(key.isEmpty() ? text : text + QStringLiteral("       ") + key);
+    return key.isEmpty() ? text : text + QStringLiteral("       ") + key;
 }
 
 } // namespace
@@ -415,13 +415,13 @@ void SongListPanel::changeEvent(QEvent *event)
 
 void SongListPanel::retranslate()
 {
-    describe(listBox, tr("Schnellzugriff auf die letzten 20 Listen"),
-             side == Side::Left ? QStringLiteral("O") : QString());
+    describe(listBox, withKey(tr("Schnellzugriff auf die letzten 20 Listen"),
+                              side == Side::Left ? QStringLiteral("O") : QString()));
     for (qsizetype index = 0; index < buttons.size(); ++index) {
         const ButtonRow &row = buttonRows[index];
         const bool hasKey = row.key && side == Side::Left;
         if (buttons.at(index))
-            describe(buttons.at(index), tr(row.text), hasKey ? tr(row.key) : QString());
+            describe(buttons.at(index), withKey(tr(row.text), hasKey ? tr(row.key) : QString()));
     }
     view->setAccessibleName(side == Side::Left ? tr("Playlist") : tr("Musikliste"));
     songModel->retranslate();
