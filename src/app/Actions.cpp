@@ -1,7 +1,8 @@
 #include "Actions.h"
 
+#include "ThemeContext.h"
+
 #include <QAction>
-#include <QIcon>
 
 Actions::Actions(QWidget *window)
     : QObject(window)
@@ -85,9 +86,8 @@ void Actions::adaptTexts(int songsSelected)
         menu.key()->setTitle(submenuTitle(menu.value(), songsSelected));
 }
 
-void Actions::setPictures(const QString &themePath)
+void Actions::refreshPictures()
 {
-    pictureDirectory = themePath;
     for (const ActionRow &row : actionTable())
         showPicture(row.id);
 }
@@ -100,8 +100,6 @@ void Actions::setPicture(ActionId id, const char *name)
 
 void Actions::showPicture(ActionId id)
 {
-    const char *name = pictures.value(id, actionRow(id).picture);
-    if (name)
-        action(id)->setIcon(
-            QIcon(QStringLiteral("%1/%2.png").arg(pictureDirectory, QLatin1String(name))));
+    if (const char *name = pictures.value(id, actionRow(id).picture))
+        action(id)->setIcon(themeIcon(QLatin1String(name)));
 }

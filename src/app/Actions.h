@@ -25,8 +25,8 @@ public:
     void adaptToSong(const SongState &state);
     // Texts in the language in force, for so many selected songs.
     void adaptTexts(int songsSelected);
-    // Fetches all pictures from the theme's resource directory, such as ":/Dark_Night".
-    void setPictures(const QString &themePath);
+    // Fetches all pictures anew from the theme on show.
+    void refreshPictures();
     // From now on the action shows this picture of the theme.
     void setPicture(ActionId id, const char *name);
 
@@ -40,7 +40,6 @@ private:
     void showPicture(ActionId id);
 
     QWidget *owner;
-    QString pictureDirectory;
     QHash<ActionId, const char *> pictures;
     QList<QAction *> actions; // in the order of ActionId
     QList<QMenu *> menus;     // in the order of MenuId

@@ -192,16 +192,16 @@ void MainWindow::applyTheme()
     if (qApp->styleSheet() != filled)
         qApp->setStyleSheet(filled);
     setMenuIconSize(settingsPage->fontSize() * 5 / 3);
-    const QString pictures = QStringLiteral(":/") + theme.directory;
-    actions->setPictures(pictures);
-    frameTop->setPictures(pictures);
+    setThemeContext({frameTop->menuButtonHeight(), frameTop->menuButtonHeight()},
+                    QStringLiteral(":/") + theme.directory);
+    actions->refreshPictures();
+    frameTop->refreshPicture();
     for (SongListPanel *panel : {framePlaylist, libraryPage->songList()}) {
         panel->setFontSize(settingsPage->fontSize());
-        panel->setPictures(pictures);
+        panel->refreshPictures();
     }
     // After the sheet: setting one brings the palettes back that were there before.
     setPaletteAll(this, theme.palette);
-    setThemeContext({frameTop->menuButtonHeight(), frameTop->menuButtonHeight()}, pictures);
 }
 
 std::optional<int> MainWindow::heightInstead(int height) const

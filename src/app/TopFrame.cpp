@@ -6,7 +6,6 @@
 #include "Tips.h"
 
 #include <QHBoxLayout>
-#include <QIcon>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -155,7 +154,7 @@ void TopFrame::setScreen(int newScreen, QMenu *menu)
 {
     screen = newScreen;
     labelScreen->setText(screenName(screen));
-    setPictures(pictures);
+    refreshPicture();
     toolButtonRightMenu->setMenu(menu);
     const std::pair<QWidget *, unsigned> shown[] = {
         {buttons.at(PlaylistManagerButton), on(LibraryScreen)},
@@ -180,11 +179,9 @@ void TopFrame::resizeEvent(QResizeEvent *event)
     Q_EMIT infoRoomChanged();
 }
 
-void TopFrame::setPictures(const QString &directory)
+void TopFrame::refreshPicture()
 {
-    pictures = directory;
-    toolButtonScreenSelect->setIcon(
-        QIcon(QStringLiteral("%1/%2.png").arg(pictures, QLatin1String(screenRow(screen).picture))));
+    toolButtonScreenSelect->setIcon(themeIcon(QLatin1String(screenRow(screen).picture)));
 }
 
 void TopFrame::setSongTexts(const PositionsHeader &header)

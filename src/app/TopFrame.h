@@ -24,8 +24,8 @@ public:
     void setScreen(int newScreen, QMenu *menu);
     // The menu in which a screen can be chosen.
     void setScreenMenu(QMenu *menu);
-    // The theme's resource directory, in which the screen's picture is found.
-    void setPictures(const QString &directory);
+    // Fetches the screen's picture anew from the theme on show.
+    void refreshPicture();
     // The song's texts. Given anew at each change of song or language.
     void setSongTexts(const PositionsHeader &header);
     // How many songs are on show and chosen.
@@ -82,7 +82,6 @@ private:
     void addWidgets();
 
     int screen = 0;
-    QString pictures;
     QToolButton *toolButtonScreenSelect;
     QLabel *labelScreen;
     QLineEdit *lineEditFilter;

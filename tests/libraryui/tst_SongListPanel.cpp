@@ -5,6 +5,7 @@
 #include "SongListPanel.h"
 #include "TestMain.h"
 #include "TestSongs.h"
+#include "ThemeContext.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -422,7 +423,8 @@ void TestSongListPanel::buttonsFollowTheFrame()
     left->setButtonSize(QSize(40, 40));
     for (const QPushButton *button : left->findChildren<QPushButton *>())
         QCOMPARE(button->size(), QSize(40, 40));
-    left->setPictures(u":/nowhere"_s);
+    setThemeContext(QSize(40, 40), u":/nowhere"_s);
+    left->refreshPictures();
     QVERIFY(find<QPushButton>(*left, u"buttonPlaylistOpenL"_s)->icon().isNull());
 }
 
@@ -486,7 +488,7 @@ void TestSongListPanel::thePageIsTheRightList()
 {
     LibraryPage page(&songs->manager);
     QCOMPARE(page.objectName(), u"page1_MusicList"_s);
-    QSignalSpy changed(&page, &LibraryPage::selectionChanged);
+    QSignalSpy changed(page.songList(), &SongListPanel::selectionChanged);
     page.scrollUpMusicList(1);
     QCOMPARE(TestSongs::letter(page.selectedSong()), u"c"_s);
     QVERIFY(!changed.isEmpty());
@@ -498,7 +500,7 @@ void TestSongListPanel::thePageIsTheRightList()
     page.clearSelection();
     QVERIFY(page.selectedSongs().isEmpty());
     QVERIFY(page.pageStep() >= 1);
-    page.setFontSize(20);
+    page.songList()->setFontSize(20);
     // Nobody has seen its columns yet.
     QVERIFY(page.columnConfig().isEmpty());
     QVERIFY(!page.restoreColumnConfig({}));

@@ -47,7 +47,10 @@ QPixmap themePicture(const QString &name)
 
 QIcon themeIcon(const QString &name)
 {
-    QIcon icon(themePicture(name));
+    if (!QFile::exists(pictureFile(name)))
+        return {};
+    // By its file: what is never seen is never read.
+    QIcon icon(pictureFile(name));
     const QString disabled = pictureFile(name + QStringLiteral("_Disabled"));
     if (QFile::exists(disabled))
         icon.addFile(disabled, {}, QIcon::Disabled);

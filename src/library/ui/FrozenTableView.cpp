@@ -2,7 +2,7 @@
 
 #include "FilterRowModel.h"
 #include "FilterTableView.h"
-#include "Settings.h"
+#include "ThemeContext.h"
 
 #include <QDrag>
 #include <QHeaderView>
@@ -163,7 +163,7 @@ void FrozenTableView::startDrag(Qt::DropActions supportedActions)
     if (!songs)
         return;
     auto *drag = new QDrag(this);
-    const QPixmap picture(Settings::styleSheetPath() + QStringLiteral("/Music_File.png"));
+    const QPixmap picture = themePicture(QStringLiteral("Music_File"));
     if (indexes.constFirst().column() != 0 && !picture.isNull())
         drag->setPixmap(picture.scaledToHeight(pictureHeight, Qt::SmoothTransformation));
     drag->setMimeData(songs);

@@ -8,14 +8,13 @@
 #include "SongListFilter.h"
 #include "SongListTableModel.h"
 #include "SongManager.h"
+#include "ThemeContext.h"
 #include "TimeTexts.h"
 
 #include "Tips.h"
 #include <QApplication>
 #include <QEvent>
-#include <QFile>
 #include <QHeaderView>
-#include <QIcon>
 #include <QLabel>
 #include <QPushButton>
 #include <QSignalBlocker>
@@ -361,14 +360,11 @@ void SongListPanel::setButtonSpacing(int pixels)
     layout->setContentsMargins(pixels / 2, pixels / 2, pixels / 2, pixels / 2);
 }
 
-void SongListPanel::setPictures(const QString &directory)
+void SongListPanel::refreshPictures()
 {
-    for (qsizetype index = 0; index < buttons.size(); ++index) {
-        const QString path
-            = directory + u'/' + QLatin1String(buttonRows[index].picture) + QStringLiteral(".png");
+    for (qsizetype index = 0; index < buttons.size(); ++index)
         if (buttons.at(index))
-            buttons.at(index)->setIcon(QFile::exists(path) ? QIcon(path) : QIcon());
-    }
+            buttons.at(index)->setIcon(themeIcon(QLatin1String(buttonRows[index].picture)));
 }
 
 void SongListPanel::showEvent(QShowEvent *event)

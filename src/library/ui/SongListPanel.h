@@ -54,8 +54,8 @@ public:
     void setButtonSize(const QSize &size);
     // Pixels between the buttons.
     void setButtonSpacing(int pixels);
-    // Takes the pictures of the buttons from a resource directory; those missing there stay away.
-    void setPictures(const QString &directory);
+    // Fetches the pictures of the buttons anew from the theme on show.
+    void refreshPictures();
 
     // Column order, widths and sorting, as the table's header keeps them.
     QByteArray columnConfig() const;
