@@ -37,6 +37,7 @@ void ChoreographyPage::scrollPages(int pages)
 void ChoreographyPage::setSongPresent(bool present)
 {
     songPresent = present;
+    scrollArea_PDF->verticalScrollBar()->setValue(0);
     retranslate();
 }
 

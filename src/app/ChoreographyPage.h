@@ -13,7 +13,8 @@ class ChoreographyPage : public QWidget
 public:
     explicit ChoreographyPage(QWidget *parent = nullptr);
 
-    // Tells that the current song has no document; without a song the page is empty.
+    // Another song: tells that it has no document; without a song the page is empty. The page
+    // begins at its top again.
     void setSongPresent(bool present);
     void retranslate();
 

@@ -300,7 +300,8 @@ void MainWindow::exportSongFile()
 
 void MainWindow::writeExport(const QString &target)
 {
-    if (QFile(target).open(QIODevice::WriteOnly))
+    // An older export stays as it is as long as there is nothing to write.
+    if (QFile(target).open(QIODevice::Append))
         player->convert(target, tempo);
     else
         showError(tr("Die Datei<br>%1<br>kann nicht geschrieben werden. Der Song ist unverändert. "

@@ -79,6 +79,8 @@ private Q_SLOTS:
     void oddTemposOfFilesAreMended();
     void exportThatCannotBeWrittenIsTold();
 };
+    void exportOfNothingLeavesAnOlderOne();
+    void localeChangeBringsItsLanguage();
 
 void TestWindowKeys::screensInARound()
 {
@@ -640,6 +642,11 @@ void TestWindowKeys::menuOpensByKey()
     }
 }
 
+    // Another song begins at its top.
+    key(Qt::Key_End);
+    select(u"Rocky Top"_qs);
+    window->loadCurrentSong();
+    QCOMPARE(bar->value(), 0);
 // While the music goes on, somebody may be typing.
 void TestWindowKeys::partsThatFollowLeaveTheFocus()
 {
@@ -710,3 +717,36 @@ void TestWindowKeys::exportThatCannotBeWrittenIsTold()
 
 TARVELO_TEST_MAIN(TestWindowKeys, QApplication)
 #include "tst_WindowKeys.moc"
+void TestWindowKeys::exportOfNothingLeavesAnOlderOne()
+{
+    useLibrary();
+    start();
+    select(u"Rocky Top"_qs);
+    window->loadCurrentSong();
+    window->getCurrentSong()->releaseAudio();
+    const QString target = music->filePath(u"older.wav"_qs);
+    QFile older(target);
+    QVERIFY(older.open(QIODevice::WriteOnly) && older.write("older") == 5);
+    older.close();
+    setSaveFileChooser(
+        [target](const QString &, const QString &, const QString &) { return target; });
+    key(Qt::Key_E, Qt::AltModifier);
+    setSaveFileChooser({});
+    QVERIFY(boxes.isEmpty());
+    QCOMPARE(QFileInfo(target).size(), 5);
+}
+
+// Of the system: what it isn't in German is English here.
+void TestWindowKeys::localeChangeBringsItsLanguage()
+{
+    useLibrary();
+    start();
+    QCOMPARE(action(u"Beenden"_qs) != nullptr, true);
+    QEvent change(QEvent::LocaleChange);
+    QApplication::sendEvent(window.get(), &change);
+    const bool german = QLocale::system().language() == QLocale::German;
+    QTRY_VERIFY(action(german ? u"Beenden"_qs : u"Quit"_qs));
+    window->setLanguage(u"de"_qs);
+    QTRY_VERIFY(action(u"Beenden"_qs));
+}
+
