@@ -63,6 +63,7 @@ private Q_SLOTS:
     void maximisedAndBack();
     void allSongsAndNone();
     void countDownButtonsFollowTheSong();
+    void countsShowOnThePositionsAlone();
     void countDownWithoutBpmIsTold();
     void functionsThatComeLater_data();
     void functionsThatComeLater();
@@ -78,9 +79,9 @@ private Q_SLOTS:
     void oddTemposOfFilesAreMended_data();
     void oddTemposOfFilesAreMended();
     void exportThatCannotBeWrittenIsTold();
-};
     void exportOfNothingLeavesAnOlderOne();
     void localeChangeBringsItsLanguage();
+};
 
 void TestWindowKeys::screensInARound()
 {
@@ -462,6 +463,38 @@ void TestWindowKeys::countDownButtonsFollowTheSong()
     QVERIFY(full->isVisible());
 }
 
+void TestWindowKeys::countsShowOnThePositionsAlone()
+{
+    useLibrary();
+    start();
+    const auto *full = find<QPushButton>("buttonCountDownFull");
+    const auto *empty = find<QPushButton>("buttonCountDownEmpty");
+    const auto tell = [this](int type, int count) {
+        Q_EMIT tarvelo->getPlayer()->notifyCountDown({.count = count, .comment = {}, .type = type});
+    };
+    select(u"Rocky Top"_qs);
+    key(Qt::Key_Return);
+    tell(1, 7);
+    QVERIFY(full->isVisible() && empty->isHidden());
+    QCOMPARE(full->text(), u"7"_qs);
+    tell(1, 6);
+    QCOMPARE(full->text(), u"6"_qs);
+    tell(0, 0);
+    QVERIFY(full->isHidden() && empty->isVisible());
+    QCOMPARE(full->text(), QString());
+    // At the end of a count the empty watch comes, also for a song that has countdowns.
+    window->getCurrentSong()->getCountDowns().addNew();
+    window->adaptCountDownButtons();
+    tell(1, 3);
+    tell(0, 0);
+    QVERIFY(full->isHidden() && empty->isVisible());
+    key(Qt::Key_F1);
+    tell(1, 5);
+    QVERIFY(full->isHidden() && empty->isHidden());
+    tell(0, 0);
+    QVERIFY(full->isHidden() && empty->isHidden());
+}
+
 void TestWindowKeys::countDownWithoutBpmIsTold()
 {
     useLibrary();
@@ -609,6 +642,11 @@ void TestWindowKeys::choreographyScrollsByKeys()
     QCOMPARE(bar->value(), bar->maximum());
     key(Qt::Key_Home);
     QCOMPARE(bar->value(), 0);
+    // Another song begins at its top.
+    key(Qt::Key_End);
+    select(u"Rocky Top"_qs);
+    window->loadCurrentSong();
+    QCOMPARE(bar->value(), 0);
 }
 
 void TestWindowKeys::helpScrollsByKeys()
@@ -642,11 +680,6 @@ void TestWindowKeys::menuOpensByKey()
     }
 }
 
-    // Another song begins at its top.
-    key(Qt::Key_End);
-    select(u"Rocky Top"_qs);
-    window->loadCurrentSong();
-    QCOMPARE(bar->value(), 0);
 // While the music goes on, somebody may be typing.
 void TestWindowKeys::partsThatFollowLeaveTheFocus()
 {
@@ -715,8 +748,6 @@ void TestWindowKeys::exportThatCannotBeWrittenIsTold()
     QVERIFY(boxes.constFirst().text.contains(u"kann nicht geschrieben werden"_qs));
 }
 
-TARVELO_TEST_MAIN(TestWindowKeys, QApplication)
-#include "tst_WindowKeys.moc"
 void TestWindowKeys::exportOfNothingLeavesAnOlderOne()
 {
     useLibrary();
@@ -750,3 +781,5 @@ void TestWindowKeys::localeChangeBringsItsLanguage()
     QTRY_VERIFY(action(u"Beenden"_qs));
 }
 
+TARVELO_TEST_MAIN(TestWindowKeys, QApplication)
+#include "tst_WindowKeys.moc"
