@@ -1,14 +1,9 @@
 #include "FileNames.h"
 #include "Keyboard.h"
-#include "LibraryPage.h"
-#include "MainWindow.h"
-#include "MessageBoxes.h"
 #include "Player.h"
 #include "PositionsPage.h"
-#include "Recorder.h"
 #include "Samples.h"
-#include "Settings.h"
-#include "Tarvelo.h"
+#include "SoundSession.h"
 #include "TestMain.h"
 
 #include <QApplication>
@@ -28,7 +23,6 @@ namespace {
 
 // What is heard reaches the recorder this much late, at most.
 constexpr double recorderMs = 40;
-constexpr double mostGapMs = 5;
 
 struct Row
 {
@@ -62,14 +56,14 @@ double beatNear(const Recorder &recorder, double time, double reachMs)
 } // namespace
 
 // Start, choose, play, read the steps: with the keys of the screen and the sound of the server.
-class TestPlay : public QObject
+class TestPlay : public SoundSession
 {
     Q_OBJECT
 
 private Q_SLOTS:
     void initTestCase();
-    void init();
-    void cleanup();
+    void init() { prepareSession(); }
+    void cleanup() { dropSession(); }
 
     void markedRowFollowsTheMusic();
     void tempoKeysKeepThePitch();
@@ -83,23 +77,17 @@ private Q_SLOTS:
 
 private:
     void start(const QString &musicDir);
-    bool choose(const QString &fileName);
-    bool press(const QString &key) { return Keyboard::press({key}); }
-    Player *player() const { return tarvelo->getPlayer(); }
 
     QTemporaryDir demo;
     QJsonArray demoSongs;
     QTemporaryDir other;
-    std::unique_ptr<Tarvelo> tarvelo;
-    std::unique_ptr<MainWindow> window;
-    std::unique_ptr<Recorder> recorder;
     QList<Row> rows;
 };
 
 void TestPlay::initTestCase()
 {
-    if (!qEnvironmentVariableIsSet("TARVELO_SESSION"))
-        QSKIP("needs scripts/test-session");
+    if (obstacle())
+        QSKIP(obstacle());
     QCOMPARE(QProcess::execute(QStringLiteral(TARVELO_DEMO), {demo.path()}), 0);
     QFile file(demo.filePath(u"demo.json"_qs));
     QVERIFY(file.open(QIODevice::ReadOnly));
@@ -107,60 +95,15 @@ void TestPlay::initTestCase()
     QVERIFY(demoSongs.size() >= 5);
 }
 
-void TestPlay::init()
-{
-    Settings::factoryReset();
-    Settings::setValue(Key::Version, u"8.0.0"_qs);
-    Settings::setValue(Key::Language, u"de_DE"_qs);
-    Settings::setValue(Key::FontSize, 15);
-    Settings::setValue(Key::MaxFontSizeLyrics, 70);
-    Settings::setValue(Key::ShowPartColumn, true);
-    setBoxRunner([](QMessageBox &box) {
-        qWarning() << "Unexpected box:" << box.text();
-        return QMessageBox::Ok;
-    });
-    recorder = std::make_unique<Recorder>();
-    QVERIFY(recorder->start());
-}
-
-void TestPlay::cleanup()
-{
-    recorder.reset();
-    window.reset();
-    tarvelo.reset();
-    setBoxRunner({});
-}
-
+// With all the rows that are told.
 void TestPlay::start(const QString &musicDir)
 {
-    Settings::setValue(Key::MusicDir, musicDir);
-    tarvelo = std::make_unique<Tarvelo>();
-    window = std::make_unique<MainWindow>(tarvelo.get());
-    window->decoupledStartActions();
-    window->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(window.get()));
+    SoundSession::start(musicDir);
     rows.clear();
     connect(player(), &Player::notifyActivePartChanged, this, [this](int part) {
         const auto *page = window->findChild<PositionsPage *>();
         rows.append({part, page->selectedPositionsRow(), Recorder::now()});
     });
-}
-
-// Goes down the list by keys until the file is the selected song.
-bool TestPlay::choose(const QString &fileName)
-{
-    const auto *library = window->findChild<LibraryPage *>();
-    if (!press(u"Home"_qs))
-        return false;
-    SongPtr before;
-    while (library->selectedSong() && library->selectedSong() != before) {
-        before = library->selectedSong();
-        if (before->getFilename().endsWith(fileName))
-            return true;
-        if (!press(u"Down"_qs))
-            return false;
-    }
-    return false;
 }
 
 void TestPlay::markedRowFollowsTheMusic()
