@@ -248,8 +248,8 @@ void MainWindow::refreshAllLists()
     showPlaylist(false);
     refreshMusicList();
     selectNoneInLibrary();
-    framePlaylist->setList(app->getSongManager()->getPlaylist(1));
-    libraryPage->songList()->setList(app->getSongManager()->getPlaylist(0));
+    framePlaylist->ensureList(app->getSongManager()->getPlaylist(1));
+    libraryPage->songList()->ensureList(app->getSongManager()->getPlaylist(0));
     refreshFilterStats();
 }
 
@@ -370,9 +370,8 @@ void MainWindow::showPlaylist(bool shown)
     framePlaylist->setVisible(shown && currentScreen() <= ChoreographyScreen);
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     SongListPanel *right = libraryPage->songList();
-    const PlaylistPtr library = app->getSongManager()->getPlaylist(0);
-    if (currentScreen() == LibraryScreen && right->list() != library)
-        right->setList(library);
+    if (currentScreen() == LibraryScreen)
+        right->ensureList(app->getSongManager()->getPlaylist(0));
     else if (currentScreen() == PositionsScreen)
         positionsPage->refreshPositionsWindow();
     if (!shown)

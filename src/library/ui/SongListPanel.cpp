@@ -247,6 +247,12 @@ void SongListPanel::setList(const PlaylistPtr &list)
     adaptPlaylistInfo();
 }
 
+void SongListPanel::ensureList(const PlaylistPtr &wanted)
+{
+    if (wanted != list())
+        setList(wanted);
+}
+
 void SongListPanel::adaptToKind()
 {
     const bool isLibrary = songModel->isMaster();

@@ -40,6 +40,8 @@ public:
     const PlaylistPtr &list() const;
     // Shows a list of the manager's; an empty pointer changes nothing.
     void setList(const PlaylistPtr &list);
+    // The same, but a list that is on show already stays with its order and its selection.
+    void ensureList(const PlaylistPtr &wanted);
     // Opens the box of the lists, while it is visible.
     void openListBox();
     // The box, the buttons and the line about the length; the table stays.
