@@ -133,9 +133,8 @@ void MainWindow::toggleColumn(int column)
     for (const ColumnSetting &setting : columnSettings) {
         if (setting.column != column)
             continue;
-        const bool shown = !positionsPage->isColumnShown(setting.column);
-        positionsPage->setColumnShown(setting.column, shown);
-        actions->action(setting.action)->setChecked(shown);
+        positionsPage->toggleColumn(setting.column);
+        actions->action(setting.action)->setChecked(positionsPage->isColumnShown(setting.column));
     }
 }
 

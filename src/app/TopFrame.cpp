@@ -137,10 +137,6 @@ void TopFrame::setScreenMenu(QMenu *menu)
 
 void TopFrame::retranslate()
 {
-    const auto tell = [](QWidget *widget, const QString &tip) {
-        widget->setToolTip(tip);
-        widget->setAccessibleName(tip.section(QStringLiteral("  "), 0, 0));
-    };
     for (int i = 0; i < ButtonCount; ++i)
         describe(buttons.at(i), tr(buttonTable[i].tip));
     describe(toolButtonRightMenu, tr("Menü"));
@@ -247,11 +243,6 @@ bool TopFrame::isFullWidth() const
 void TopFrame::setFullWidth(bool full)
 {
     buttons.at(DisplayButton)->setChecked(full);
-}
-
-bool TopFrame::isPlaylistShown() const
-{
-    return buttons.at(PlaylistModeButton)->isChecked();
 }
 
 void TopFrame::setPlaylistShown(bool shown)

@@ -47,7 +47,6 @@ public:
     void setFullWidth(bool full);
 
     // The panel with the left playlist is wanted.
-    bool isPlaylistShown() const;
     void setPlaylistShown(bool shown);
     void setPlaylistManagerShown(bool shown);
 

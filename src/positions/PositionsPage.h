@@ -70,6 +70,7 @@ public Q_SLOTS:
     void on_partChanged(int currentPart);
 
     // Show the column where it was hidden, and hide it where it was shown.
+    void toggleColumn(PositionsColumn column);
     void togglePartCol() { toggleColumn(PartColumn); }
     void toggleBeatCol() { toggleColumn(BeatsColumn); }
     void toggleTimeCol() { toggleColumn(TimeColumn); }
@@ -103,7 +104,6 @@ private:
     void connectTable();
     void followSectionSizes();
     bool beatsAreKnown() const;
-    void toggleColumn(PositionsColumn column);
     void goToRow(int row);
     void popUpMenu(const QPoint &pos);
     void closeContextMenu();

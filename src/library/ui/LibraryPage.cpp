@@ -13,7 +13,6 @@ LibraryPage::LibraryPage(SongManager *songManager, QWidget *parent)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(panel);
     connect(panel, &SongListPanel::songActivated, this, &LibraryPage::songActivated);
-    connect(panel, &SongListPanel::selectionChanged, this, &LibraryPage::selectionChanged);
 }
 
 SongPtr LibraryPage::selectedSong() const
@@ -44,11 +43,6 @@ void LibraryPage::scrollDownMusicList(int n)
 int LibraryPage::pageStep() const
 {
     return panel->selection().pageStep();
-}
-
-void LibraryPage::setFontSize(int points)
-{
-    panel->setFontSize(points);
 }
 
 QByteArray LibraryPage::columnConfig() const

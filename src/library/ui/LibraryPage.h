@@ -30,14 +30,12 @@ public:
     int pageStep() const;
 
     // See SongListPanel.
-    void setFontSize(int points);
     QByteArray columnConfig() const;
     bool restoreColumnConfig(const QByteArray &config);
 
 Q_SIGNALS:
     // The user double-clicked a song.
     void songActivated();
-    void selectionChanged();
 
 private:
     SongListPanel *panel;

@@ -10,8 +10,8 @@
 #include "SongManager.h"
 #include "ThemeContext.h"
 #include "TimeTexts.h"
-
 #include "Tips.h"
+
 #include <QApplication>
 #include <QEvent>
 #include <QHeaderView>
