@@ -52,7 +52,9 @@ int memory()
     return 0;
 }
 
-// Hears a tone that is never silent: every silence of some milliseconds is a dropout.
+// Hears a tone that is never silent: every silence of some milliseconds is a dropout. It asks for a
+// long latency: one of 20 ms would make the server work in turns of 10 ms, shorter than a virtual
+// machine may hold a processor back; a player alone asks for none as short.
 class Listener : public QObject
 {
 public:
@@ -61,7 +63,7 @@ public:
         connect(&process, &QProcess::readyReadStandardOutput, this, &Listener::listen);
         process.start(u"parec"_s,
                       {u"-d"_s, u"null.monitor"_s, u"--format=s16le"_s, u"--rate=44100"_s,
-                       u"--channels=1"_s, u"--latency-msec=20"_s, u"--raw"_s});
+                       u"--channels=1"_s, u"--latency-msec=500"_s, u"--raw"_s});
     }
     ~Listener() override
     {
