@@ -1,5 +1,7 @@
 #include "FreeDesktopTrash.h"
 
+#include "FileTransfer.h"
+
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
@@ -115,7 +117,7 @@ bool moveInto(const Trash &trash, const QFileInfo &file)
         if (info.exists() || QFileInfo::exists(target))
             continue;
         if (writeInformation(info, information(trash, file))
-            && QFile::rename(file.absoluteFilePath(), target))
+            && FileTransfer::moveAsIs(file.absoluteFilePath(), target))
             return true;
         info.remove();
         return false;

@@ -86,6 +86,15 @@ bool canExchangeOpenFiles();
 // Gives a file another name, in one step also where a file of that name exists: that one is gone.
 bool renameOver(const QString &from, const QString &to);
 
+enum class Renaming {
+    Done,
+    // Nothing has changed: only a copy could get there.
+    OtherFileSystem,
+    Failed
+};
+// Gives a file another name, in one step; fails where a file of that name exists.
+Renaming renameNew(const QString &from, const QString &to);
+
 // Keeps an open file to this process until it is closed. False when another process has it.
 bool lockFile(const QFile &open);
 

@@ -202,6 +202,29 @@ bool Platform::renameOver(const QString &from, const QString &to)
     return std::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) == 0;
 }
 
+Platform::Renaming Platform::renameNew(const QString &from, const QString &to)
+{
+    const QByteArray source = QFile::encodeName(from);
+    const QByteArray target = QFile::encodeName(to);
+    int answer = -1;
+    errno = ENOSYS;
+#ifdef RENAME_NOREPLACE
+    answer
+        = renameat2(AT_FDCWD, source.constData(), AT_FDCWD, target.constData(), RENAME_NOREPLACE);
+#endif
+    // Some file systems can't promise it: a file that comes in this moment would be lost.
+    if (answer != 0 && (errno == EINVAL || errno == ENOSYS || errno == ENOTSUP)) {
+        struct stat found
+        { };
+        if (lstat(target.constData(), &found) == 0)
+            return Renaming::Failed;
+        answer = std::rename(source.constData(), target.constData());
+    }
+    if (answer == 0)
+        return Renaming::Done;
+    return errno == EXDEV ? Renaming::OtherFileSystem : Renaming::Failed;
+}
+
 bool Platform::lockFile(const QFile &open)
 {
     // Some file systems know no locks: nobody else has it then.

@@ -119,6 +119,13 @@ bool Platform::renameOver(const QString &from, const QString &to)
            != 0;
 }
 
+Platform::Renaming Platform::renameNew(const QString &from, const QString &to)
+{
+    if (MoveFileExW(nativePath(from).c_str(), nativePath(to).c_str(), 0))
+        return Renaming::Done;
+    return GetLastError() == ERROR_NOT_SAME_DEVICE ? Renaming::OtherFileSystem : Renaming::Failed;
+}
+
 bool Platform::lockFile(const QFile &open)
 {
     OVERLAPPED place{};
