@@ -34,10 +34,12 @@ void PlayRegistration::registerWhenDue(const SongPtr &song, double tempo)
         return;
     const double percent = tempo * 100.0 - 100.0;
     generatedEvent = true;
-    song->getDanceEvents().addPlay(percent);
-    song->setTempo(percent);
-    song->save();
-    qDebug() << "Written Event for song " << song->getFilename() << " after " << playedSeconds()
+    // Its file may have moved while it played.
+    const SongPtr written = Song::present(song);
+    written->getDanceEvents().addPlay(percent);
+    written->setTempo(percent);
+    written->save();
+    qDebug() << "Written Event for song " << written->getFilename() << " after " << playedSeconds()
              << " Seconds";
 }
 

@@ -2,6 +2,7 @@
 
 #include "CacheRecord.h"
 #include "FileTools.h"
+#include "FileTransfer.h"
 #include "Platform.h"
 #include "PlatformFiles.h"
 #include "SongStore.h"
@@ -130,7 +131,9 @@ bool Song::reload()
 
 bool Song::save()
 {
-    const bool saved = delivered && makeWhole() && runSaveChain();
+    if (successor)
+        return saveAsSuccessor();
+    const bool saved = delivered && !fileGone && makeWhole() && runSaveChain();
     cuesheet.addTo(cuesheetSources);
     if (saved)
         cuesheet.letGo();
@@ -176,13 +179,50 @@ bool Song::runSaveChain()
 bool Song::removeFromDisk()
 {
     cuesheet.holdForCopies(cuesheetSources);
-    if (!Platform::moveToRecycleBin(filename))
+    if (fileGone || !Platform::moveToRecycleBin(filename))
         return false;
+    fileGone = true;
+    removeFromStores();
+    return true;
+}
+
+void Song::removeFromStores() const
+{
     removeFrom(SongStoreNullSlot, *this);
     removeFrom(SongStoreCacheSlot, *this);
     removeFrom(SongStoreDatabaseSlot, *this);
     removeFrom(SongStoreTagsSlot, *this);
-    return true;
+}
+
+SongPtr Song::moveTo(const QString &destination)
+{
+    cuesheet.holdForCopies(cuesheetSources);
+    if (fileGone || !FileTransfer::move(filename, destination))
+        return {};
+    fileGone = true;
+    removeFromStores();
+    if (cuesheet.isPresent())
+        cuesheet.noteFrame(destination);
+    // A cache file of what once lay there may be newer than this file.
+    Song(destination).removeFromStores();
+    successor.reset(new Song(destination, false));
+    return successor;
+}
+
+SongPtr Song::present(SongPtr song)
+{
+    while (song && song->successor)
+        song = song->successor;
+    return song;
+}
+
+// What was changed here since the file was moved, in an editor that was open, say.
+bool Song::saveAsSuccessor()
+{
+    if (incomplete)
+        CacheRecord::fill(*this, *asLoaded, *successor);
+    CacheRecord::copy(*this, *successor);
+    return successor->save();
 }
 
 bool Song::setWriteProtection()

@@ -81,8 +81,17 @@ public:
     // record does not hold itself (see isIncomplete() and Cuesheet) is read before anything is
     // written; false when it can't be read.
     bool save();
-    // Moves the file to the recycle bin, without a dialog. True when the file is gone.
+    // Moves the file to the recycle bin, without a dialog. True when the file is gone. Whoever
+    // still holds the record can play what was decoded; a save fails from now on, whatever file
+    // comes to lie there.
     bool removeFromDisk();
+    // Gives the file another place, at which there is none yet, and answers the record of the file
+    // there. Empty, with everything as it was, when that failed. Whoever still holds this one goes
+    // on with it: a save writes to the moved file, and through the new record.
+    QSharedPointer<Song> moveTo(const QString &destination);
+    // Who has the song's file now: the last one that the moves of this song's file have made, or
+    // the song itself.
+    static QSharedPointer<Song> present(QSharedPointer<Song> song);
     // Both answer whether the file's permissions were changed.
     bool setWriteProtection();
     bool removeWriteProtection();
@@ -227,6 +236,8 @@ private:
     bool makeWhole();
     bool runLoadChain(const QFileInfo &file, bool *fromCache);
     bool runSaveChain();
+    void removeFromStores() const;
+    bool saveAsSuccessor();
     int detectBpm() const;
 
     QString filename;
@@ -267,6 +278,9 @@ private:
     // An incomplete record as it was loaded; null for any other.
     std::unique_ptr<Song> asLoaded;
     bool aheadOfFile = false;
+    // The file was moved or removed. Of a moved one there is a successor.
+    bool fileGone = false;
+    QSharedPointer<Song> successor;
     QAudioFormat format;
     std::shared_ptr<SongAudioData> audioData;
     DanceEventList danceEvents;
