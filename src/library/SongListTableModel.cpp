@@ -7,6 +7,7 @@
 #include <QDataStream>
 #include <QFont>
 #include <QMimeData>
+#include <QSet>
 #include <QUrl>
 #include <QtDebug>
 
@@ -77,6 +78,7 @@ private:
 
 SongListTableModel::SongListTableModel(SongManager *songManager, QObject *parent)
     : QAbstractTableModel(parent)
+    , manager(songManager)
     , modelId(++lastModelId)
 {
     connect(songManager, &SongManager::notifyListsChanged, this, &SongListTableModel::refresh);
@@ -209,6 +211,59 @@ void SongListTableModel::addSongs(const QList<SongPtr> &list)
     const Change change(this);
     for (const SongPtr &song : list)
         playlist->add(song->getFilename());
+}
+
+bool SongListTableModel::copySong(const QString &destination, const SongPtr &song)
+{
+    const Change change(this);
+    return manager->copySong(destination, song, true);
+}
+
+SongPtr SongListTableModel::copySongs(const QString &directory, const QList<SongPtr> &list,
+                                      const std::function<void()> &step)
+{
+    const Change change(this);
+    return manager->copySongs(directory, list, step);
+}
+
+bool SongListTableModel::moveSong(const QString &destination, const SongPtr &song)
+{
+    const Change change(this);
+    return manager->moveSong(destination, song, true, true);
+}
+
+SongPtr SongListTableModel::moveSongs(const QString &directory, const QList<SongPtr> &list,
+                                      const std::function<void()> &step)
+{
+    const Change change(this);
+    return manager->moveSongs(directory, list, true, step);
+}
+
+SongPtr SongListTableModel::removeSongs(const QList<SongPtr> &list)
+{
+    const Change change(this);
+    return manager->removeSongs(list, true);
+}
+
+int SongListTableModel::importSongs(const QStringList &files)
+{
+    const Change change(this);
+    return manager->importSongs(files);
+}
+
+void SongListTableModel::tellSongsChanged(const QList<SongPtr> &list)
+{
+    const QSet<SongPtr> changed(list.begin(), list.end());
+    int first = 0;
+    int last = 0;
+    for (int row = 1; row <= songs.size(); ++row) {
+        if (!changed.contains(songs.at(row - 1)))
+            continue;
+        first = first == 0 ? row : first;
+        last = row;
+    }
+    if (last > 0)
+        Q_EMIT dataChanged(index(first, 0), index(last, SongColumnCount - 1));
 }
 
 bool SongListTableModel::removeRows(int row, int, const QModelIndex &parent)
@@ -364,8 +419,11 @@ bool SongListTableModel::dropMimeData(const QMimeData *data, Qt::DropAction acti
 {
     if (action == Qt::IgnoreAction)
         return true;
-    // Songs come into the library by an import alone, which there isn't yet.
-    if (!data || !playlist || isMaster() || !data->hasFormat(songsFormat))
+    if (!data || !playlist)
+        return false;
+    if (isMaster())
+        return importDropped(*data);
+    if (!data->hasFormat(songsFormat))
         return false;
     const Drag drag = readDrag(*data);
     const Change change(this);
@@ -374,6 +432,19 @@ bool SongListTableModel::dropMimeData(const QMimeData *data, Qt::DropAction acti
     else
         append(drag.items, drag.modelId == modelId);
     return true;
+}
+
+// A list's songs come with URLs too: they are in the library already.
+bool SongListTableModel::importDropped(const QMimeData &data)
+{
+    if (data.hasFormat(songsFormat))
+        return false;
+    QStringList files;
+    for (const QUrl &url : data.urls()) {
+        if (url.isLocalFile())
+            files.append(url.toLocalFile());
+    }
+    return !files.isEmpty() && importSongs(files) > 0;
 }
 
 void SongListTableModel::append(const QList<DraggedItem> &items, bool sameModel)

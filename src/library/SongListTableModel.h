@@ -9,6 +9,7 @@
 #include <QStringList>
 
 #include <array>
+#include <functional>
 
 class SongManager;
 
@@ -58,6 +59,20 @@ public:
     void moveRowsUp(int row, int count);
     void moveRowsDown(int row, int count);
     void addSongs(const QList<SongPtr> &list);
+
+    // Operations on the files of songs, as SongManager has them, with the playlists brought up to
+    // date; the rows are told once, at the end.
+    bool copySong(const QString &destination, const SongPtr &song);
+    SongPtr copySongs(const QString &directory, const QList<SongPtr> &list,
+                      const std::function<void()> &step);
+    bool moveSong(const QString &destination, const SongPtr &song);
+    SongPtr moveSongs(const QString &directory, const QList<SongPtr> &list,
+                      const std::function<void()> &step);
+    SongPtr removeSongs(const QList<SongPtr> &list);
+    int importSongs(const QStringList &files);
+    // Tells that these songs show something else now.
+    void tellSongsChanged(const QList<SongPtr> &list);
+
     // Removes exactly one row, whatever count says. Of the library this removes the song's file,
     // and its entries in all playlists. False for the filter row.
     bool removeRows(int row, int count, const QModelIndex &parent = {}) override;
@@ -75,7 +90,8 @@ public:
     QStringList mimeTypes() const override;
     QMimeData *mimeData(const QModelIndexList &indexes) const override;
     // Into a playlist: before the song of parent, at the end without one. Of a song list that is
-    // dragged within itself only the first row moves. The library takes no songs from lists.
+    // dragged within itself only the first row moves. The library takes no songs from lists, but
+    // files from outside: they are imported.
     bool dropMimeData(const QMimeData *data, Qt::DropAction action, int row, int column,
                       const QModelIndex &parent) override;
 
@@ -100,9 +116,11 @@ private:
     QVariant filterRowData(int column, int role) const;
     QVariant songData(int row, int column, int role) const;
     static Drag readDrag(const QMimeData &data);
+    bool importDropped(const QMimeData &data);
     void append(const QList<DraggedItem> &items, bool sameModel);
     void insert(const QList<DraggedItem> &items, int parentRow, bool sameModel);
 
+    SongManager *manager;
     std::array<QString, SongColumnCount> filterTexts;
     PlaylistPtr playlist;
     // What the rows show: the list's songs as they were when the rows were last told.

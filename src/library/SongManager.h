@@ -9,6 +9,10 @@
 #include <QObject>
 #include <QStringList>
 
+#include <functional>
+
+class SongImportTalk;
+
 // The library: every song found under the music directory, by file name, and the lists that show
 // songs. A member of the application object; lives as long as the program, on the GUI thread.
 // Lists are shared: who still shows one that the manager has let go of keeps it alive.
@@ -24,8 +28,32 @@ public:
     // Loads the file as a song and tells the lists, unless the library holds it already. Always
     // true: a file that can't be read is a song with defaults.
     bool addSong(const QString &filename) override;
-    // False for a path that the library doesn't hold.
+
+    // Operations on the music files. No file is ever overwritten, left half or lost, and library
+    // and lists tell afterwards what the disk holds. Of several songs the first one that fails ends
+    // the work: it is the answer (an empty pointer: all is done), and what was done before it
+    // stays. step is called behind each song that is done, and may run the event loop.
+    using Step = std::function<void()>;
+    // destination is a path. The copy becomes a song of the library. With update the lists follow
+    // at once.
+    bool copySong(const QString &destination, const SongPtr &song, bool update);
+    SongPtr copySongs(const QString &directory, const QList<SongPtr> &list, const Step &step);
+    // The song of the library is another one afterwards (Song::present()). With updatePlaylists
+    // the entries of all playlists follow the file.
+    bool moveSong(const QString &destination, const SongPtr &song, bool updatePlaylists,
+                  bool update);
+    SongPtr moveSongs(const QString &directory, const QList<SongPtr> &list, bool updatePlaylists,
+                      const Step &step);
+    // Into the recycle bin. False too for a path that the library doesn't hold.
     bool removeSong(const QString &filename, bool fromPlaylists) override;
+    SongPtr removeSongs(const QList<SongPtr> &list, bool fromPlaylists);
+    // Copies the files into the directory "Import" of the music directory and takes them into the
+    // library; answers how many. A file that fails is asked about.
+    int importSongs(const QStringList &files);
+    // Who tells the user of an import. Outlived by the manager; without one nothing is told, and a
+    // failure ends the import.
+    void setImportTalk(SongImportTalk *talk) { importTalk = talk; }
+
     // Gives the entries of a song that has moved its new path, in every playlist.
     void renameSong(const QString &oldPath, const QString &newPath);
 
@@ -89,6 +117,10 @@ private:
     QList<PlaylistPtr> listsOf(const QString &path) const;
     void dropLists(const QList<PlaylistPtr> &lists);
     void sortPlaylists();
+    int importInto(const QString &directory, const QStringList &files);
+    bool isImportToGoOn(const QString &source, const QString &target) const;
+    void renameInLists(const QString &oldPath, const QString &newPath);
+    void removeFromLists(const QString &path);
     // The playlist files and the working list.
     QList<PlaylistPtr> listsBesideMaster() const;
 
@@ -98,6 +130,7 @@ private:
     QSharedPointer<PlaylistMaster> masterList;
     QSharedPointer<PlaylistFile> tempList;
     QList<PlaylistPtr> playlists;
+    SongImportTalk *importTalk = nullptr;
     int scanCounter = 0;
     // By the canonical path of the directory; in one scan.
     QHash<QString, int> linksFollowed;

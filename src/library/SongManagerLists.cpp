@@ -8,7 +8,6 @@
 
 #include <QDir>
 #include <QFileInfo>
-#include <QtDebug>
 
 #include <algorithm>
 
@@ -147,26 +146,20 @@ bool SongManager::savePlaylistAs(const PlaylistPtr &playlist, const QString &fil
     return true;
 }
 
-bool SongManager::removeSong(const QString &filename, bool fromPlaylists)
+void SongManager::renameSong(const QString &oldPath, const QString &newPath)
 {
-    qDebug() << "Remove Song from filesystem:" << filename;
-    // A copy: the name may be the one in the song that goes.
-    const QString path = filename;
-    const SongPtr song = songs.value(path);
-    if (!song || !song->removeFromDisk())
-        return false;
-    if (fromPlaylists) {
-        for (const PlaylistPtr &playlist : listsBesideMaster())
-            playlist->removeSong(path);
-    }
-    songs.remove(path);
+    renameInLists(oldPath, newPath);
     updateAllLists();
-    return true;
 }
 
-void SongManager::renameSong(const QString &oldPath, const QString &newPath)
+void SongManager::renameInLists(const QString &oldPath, const QString &newPath)
 {
     for (const PlaylistPtr &playlist : listsBesideMaster())
         playlist->renameSong(oldPath, newPath);
-    updateAllLists();
+}
+
+void SongManager::removeFromLists(const QString &path)
+{
+    for (const PlaylistPtr &playlist : listsBesideMaster())
+        playlist->removeSong(path);
 }
