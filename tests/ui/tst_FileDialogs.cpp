@@ -25,7 +25,7 @@ private:
 
 namespace {
 
-enum Kind { Directory, Save, Open };
+enum Kind { Directory, Save, Open, OpenSeveral };
 
 } // namespace
 
@@ -43,6 +43,8 @@ QString TestFileDialogs::choose(int kind, const QString &start)
         return chooseSaveFile(nullptr, u"Title"_qs, start, filter);
     if (kind == Open)
         return chooseOpenFile(nullptr, u"Title"_qs, start, filter);
+    if (kind == OpenSeveral)
+        return chooseOpenFiles(nullptr, u"Title"_qs, start, filter).join(u'|');
     return chooseDirectory(nullptr, u"Title"_qs, start);
 }
 
@@ -61,7 +63,14 @@ void TestFileDialogs::aTestChooses()
         asked = {title, start};
         return u"entered"_qs;
     });
+    setOpenFilesChooser(
+        [&asked](const QString &title, const QString &start, const QString &filter) {
+            asked = {title, start, filter};
+            return QStringList{u"one"_qs, u"other"_qs};
+        });
     const QString filter = u"Audio (*.wav *.mp3)"_qs;
+    QCOMPARE(choose(OpenSeveral, u"/m"_qs), u"one|other"_qs);
+    QCOMPARE(asked, QStringList({u"Title"_qs, u"/m"_qs, filter}));
     QCOMPARE(choose(Save, u"/s"_qs), u"saved"_qs);
     QCOMPARE(asked, QStringList({u"Title"_qs, u"/s"_qs, filter}));
     QCOMPARE(choose(Open, u"/o"_qs), u"opened"_qs);
@@ -71,6 +80,7 @@ void TestFileDialogs::aTestChooses()
     setSaveFileChooser({});
     setOpenFileChooser({});
     setDirectoryChooser({});
+    setOpenFilesChooser({});
 }
 
 void TestFileDialogs::theUserChooses_data()
@@ -89,6 +99,9 @@ void TestFileDialogs::theUserChooses_data()
     QTest::newRow("open") << int{Open} << path + u"/there.wav"_qs << filter << true
                           << path + u"/there.wav"_qs;
     QTest::newRow("open, left") << int{Open} << path << filter << false << QString();
+    QTest::newRow("open several") << int{OpenSeveral} << path + u"/there.wav"_qs << filter << true
+                                  << path + u"/there.wav"_qs;
+    QTest::newRow("open several, left") << int{OpenSeveral} << path << filter << false << QString();
     QTest::newRow("directory") << int{Directory} << path << QString() << true << path;
     QTest::newRow("directory, left") << int{Directory} << path << QString() << false << QString();
 }

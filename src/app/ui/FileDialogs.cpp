@@ -9,6 +9,7 @@ struct Choosers
     DirectoryChooser directory;
     FileChooser saveFile;
     FileChooser openFile;
+    FilesChooser openFiles;
 };
 
 Choosers &choosers()
@@ -42,6 +43,14 @@ QString chooseOpenFile(QWidget *parent, const QString &title, const QString &sta
     return QFileDialog::getOpenFileName(parent, title, start, filter);
 }
 
+QStringList chooseOpenFiles(QWidget *parent, const QString &title, const QString &start,
+                            const QString &filter)
+{
+    if (choosers().openFiles)
+        return choosers().openFiles(title, start, filter);
+    return QFileDialog::getOpenFileNames(parent, title, start, filter);
+}
+
 void setDirectoryChooser(const DirectoryChooser &chooser)
 {
     choosers().directory = chooser;
@@ -55,4 +64,9 @@ void setSaveFileChooser(const FileChooser &chooser)
 void setOpenFileChooser(const FileChooser &chooser)
 {
     choosers().openFile = chooser;
+}
+
+void setOpenFilesChooser(const FilesChooser &chooser)
+{
+    choosers().openFiles = chooser;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 #include <functional>
 
@@ -19,10 +20,17 @@ QString chooseSaveFile(QWidget *parent, const QString &title, const QString &pro
 QString chooseOpenFile(QWidget *parent, const QString &title, const QString &start,
                        const QString &filter);
 
+// Several existing files; start is a directory. Empty when the user left without a choice.
+QStringList chooseOpenFiles(QWidget *parent, const QString &title, const QString &start,
+                            const QString &filter);
+
 using DirectoryChooser = std::function<QString(const QString &title, const QString &start)>;
 using FileChooser
     = std::function<QString(const QString &title, const QString &start, const QString &filter)>;
+using FilesChooser
+    = std::function<QStringList(const QString &title, const QString &start, const QString &filter)>;
 // An empty function brings the real dialog back.
 void setDirectoryChooser(const DirectoryChooser &chooser);
 void setSaveFileChooser(const FileChooser &chooser);
 void setOpenFileChooser(const FileChooser &chooser);
+void setOpenFilesChooser(const FilesChooser &chooser);
