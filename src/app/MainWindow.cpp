@@ -16,6 +16,7 @@
 #include "ProgramStyle.h"
 #include "Settings.h"
 #include "SettingsPage.h"
+#include "SongFileActions.h"
 #include "SongListFilter.h"
 #include "SongListPanel.h"
 #include "SongListTableModel.h"
@@ -103,6 +104,8 @@ QWidget *MainWindow::buildCenter()
     stackedWidget = new QStackedWidget(splitterPlaylist);
     stackedWidget->setObjectName(QStringLiteral("stackedWidget"));
     libraryPage = new LibraryPage(app->getSongManager(), stackedWidget);
+    songFiles = std::make_unique<SongFileActions>(app->getSongManager(), libraryPage->songList(),
+                                                  framePlaylist, this);
     positionsPage = new PositionsPage(player, stackedWidget);
     positionsPage->setStartingUp(true);
     choreographyPage = new ChoreographyPage(stackedWidget);
@@ -149,6 +152,8 @@ void MainWindow::createConnections()
     }
     connect(libraryPage->songList(), &SongListPanel::contextMenuRequested, this,
             [this](QPoint global) { actions->menu(MenuId::LibraryContext)->popup(global); });
+    connect(songFiles.get(), &SongFileActions::musicDirWanted, this,
+            [this] { showScreen(SettingsScreen); });
     connect(splitterPlaylist, &QSplitter::splitterMoved, this, [this] {
         if (currentScreen() == PositionsScreen)
             positionsPage->refreshPositionsWindow();

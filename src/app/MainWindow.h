@@ -10,6 +10,8 @@
 
 #include <QMainWindow>
 
+#include <memory>
+
 class Actions;
 class BottomFrame;
 class ChoreographyPage;
@@ -21,6 +23,7 @@ class PositionsPage;
 class QSplitter;
 class QStackedWidget;
 class SettingsPage;
+class SongFileActions;
 class SongListPanel;
 class SongListSelection;
 class Tarvelo;
@@ -86,6 +89,11 @@ public Q_SLOTS:
     void toggleSlider();
     // Asks for a file name and writes the selected song to it, at the tempo that is set.
     void exportSongFile();
+    // The selected songs' files; one that plays stays where it is. The current song is the moved
+    // one afterwards.
+    void moveSongFile();
+    // The selected song becomes the current one, and its file goes to the clipboard.
+    void copyFileToBuffer();
 
 protected:
     void changeEvent(QEvent *event) override;
@@ -122,6 +130,7 @@ private:
     void showPlaylistManager(bool shown);
     void noteClipboard();
     // The list whose selection counts: the right one while it is the library, else the left one.
+    SongListPanel *activePanel() const;
     SongListSelection &activeSelection() const;
     SongPtr songToPlay() const;
     void selectInOtherTable(const SongPtr &song);
@@ -212,6 +221,7 @@ private:
     SongListPanel *framePlaylist = nullptr;
     QStackedWidget *stackedWidget = nullptr;
     LibraryPage *libraryPage = nullptr;
+    std::unique_ptr<SongFileActions> songFiles;
     PositionsPage *positionsPage = nullptr;
     ChoreographyPage *choreographyPage = nullptr;
     SettingsPage *settingsPage = nullptr;

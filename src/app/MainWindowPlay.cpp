@@ -11,6 +11,7 @@
 #include "Player.h"
 #include "PositionSlider.h"
 #include "PositionsPage.h"
+#include "SongFileActions.h"
 #include "SongFileExport.h"
 #include "SongListPanel.h"
 #include "SongListTableModel.h"
@@ -165,10 +166,15 @@ void MainWindow::loadCurrentSong()
         selectNoneInLibrary();
 }
 
-SongListSelection &MainWindow::activeSelection() const
+SongListPanel *MainWindow::activePanel() const
 {
     SongListPanel *right = libraryPage->songList();
-    return (right->model()->isMaster() ? right : framePlaylist)->selection();
+    return right->model()->isMaster() ? right : framePlaylist;
+}
+
+SongListSelection &MainWindow::activeSelection() const
+{
+    return activePanel()->selection();
 }
 
 // The song that is chosen; none when that can't be told.
@@ -296,6 +302,22 @@ void MainWindow::exportSongFile()
     if (!target.isEmpty())
         writeExport(target);
     takeFocusBack();
+}
+
+void MainWindow::moveSongFile()
+{
+    if (player->isPlaying())
+        return;
+    songFiles->moveSongFile(*activePanel(), currentSong);
+    // A song that waits in its middle goes on from there: it stays the current one.
+    if (!paused && !player->isPlaying() && Song::present(currentSong) != currentSong)
+        setCurrentSong(Song::present(currentSong));
+}
+
+void MainWindow::copyFileToBuffer()
+{
+    loadCurrentSong();
+    songFiles->copyFileToBuffer(currentSong);
 }
 
 void MainWindow::writeExport(const QString &target)

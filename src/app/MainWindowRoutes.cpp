@@ -9,6 +9,7 @@
 #include "Player.h"
 #include "PositionsPage.h"
 #include "SettingsPage.h"
+#include "SongFileActions.h"
 #include "SongListPanel.h"
 #include "TopFrame.h"
 
@@ -149,19 +150,23 @@ const MainWindow::Route MainWindow::routes[] = {
     {Command::ImportMetadata, notYet},
     {Command::ExportShortList, notYet},
     {Command::ExportLongList, notYet},
-    {Command::CopyFile, notYet},
-    {Command::CopySongFiles, notYet},
-    {Command::MoveSongFiles, notYet},
+    {Command::CopyFile, [](MainWindow &w, int) { w.copyFileToBuffer(); }},
+    {Command::CopySongFiles,
+     [](MainWindow &w, int) { w.songFiles->copySongFile(*w.activePanel(), w.currentSong); }},
+    {Command::MoveSongFiles, [](MainWindow &w, int) { w.moveSongFile(); }},
     {Command::ConvertFile, [](MainWindow &w, int) { w.exportSongFile(); }},
-    {Command::ImportSongFiles, notYet},
+    {Command::ImportSongFiles, [](MainWindow &w, int) { w.songFiles->importSongFiles(); }},
     {Command::RemoveSongFiles,
      [](MainWindow &w, int) {
          if (!w.player->isPlaying())
-             showNotImplemented();
+             w.songFiles->removeSongFiles(*w.activePanel());
      }},
-    {Command::SetWriteProtection, notYet},
-    {Command::RemoveWriteProtection, notYet},
-    {Command::RemoveFileCache, notYet},
+    {Command::SetWriteProtection,
+     [](MainWindow &w, int) { w.songFiles->setWriteProtection(*w.activePanel()); }},
+    {Command::RemoveWriteProtection,
+     [](MainWindow &w, int) { w.songFiles->removeWriteProtection(*w.activePanel()); }},
+    {Command::RemoveFileCache,
+     [](MainWindow &w, int) { w.songFiles->removeFileCache(*w.activePanel()); }},
     // There is no cloud yet.
     {Command::ExportToCloud, notYet},
     {Command::ImportFromCloud, notYet},

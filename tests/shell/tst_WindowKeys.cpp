@@ -163,9 +163,6 @@ void TestWindowKeys::functionsThatComeLater_data()
           };
     row("E, library", LibraryScreen, Qt::Key_E, {});
     row("E, positions", PositionsScreen, Qt::Key_E, {});
-    row("Del", LibraryScreen, Qt::Key_Delete, {});
-    row("Ctrl+D", LibraryScreen, Qt::Key_D, Qt::ControlModifier);
-    row("Ctrl+M", HelpScreen, Qt::Key_M, Qt::ControlModifier);
     row("R, positions", PositionsScreen, Qt::Key_R, {});
     row("T, positions", PositionsScreen, Qt::Key_T, {});
     row("F, positions", PositionsScreen, Qt::Key_F, {});
