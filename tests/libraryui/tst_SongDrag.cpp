@@ -175,6 +175,17 @@ void TestSongDrag::filesFromOutside()
     const int rows = right->filter()->rowCount();
     QVERIFY(!drop(*right, 1, files));
     QCOMPARE(right->filter()->rowCount(), rows);
+    // A file that is there is imported, wherever it is dropped.
+    const QTemporaryDir outside;
+    for (const int row : {1, 0}) {
+        QFile file(outside.filePath(QString::number(row)));
+        QVERIFY(file.open(QIODevice::WriteOnly) && file.write("song") == 4);
+        file.close();
+        files.setUrls({QUrl::fromLocalFile(file.fileName())});
+        QVERIFY(drop(*right, row, files));
+        QVERIFY(songs->manager.getSong(songs->music.filePath(u"Import/%1"_s.arg(row))));
+    }
+    QCOMPARE(right->filter()->rowCount(), rows + 2);
 }
 
 void TestSongDrag::theFrozenRowTakesNothing()
