@@ -1,26 +1,91 @@
 #include "SongListFilter.h"
 
+#include "Clock.h"
+#include "FilterSource.h"
 #include "SongListTableModel.h"
+
+#include <QScopedValueRollback>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int idleWork = 3; // milliseconds a turn of the event loop
+
+} // namespace
 
 SongListFilter::SongListFilter(SongListTableModel *songModel, bool globalSearch, QObject *parent)
     : QSortFilterProxyModel(parent)
     , model(songModel)
     , globalSearchEnabled(globalSearch)
+    , prepared(*songModel)
 {
-    // Before the proxy follows a change of the model itself, the keys of before are gone.
+    idle.setSingleShot(true);
+    connect(&idle, &QTimer::timeout, this, &SongListFilter::prepareInIdleTime);
+    // Before the proxy follows a change of the model itself, what was known before is gone.
     followChanges();
     setSourceModel(songModel);
+    idle.start();
 }
 
 void SongListFilter::followChanges()
 {
-    const auto forget = [this] { keys.clear(); };
-    connect(model, &SongListTableModel::modelReset, this, forget);
-    connect(model, &SongListTableModel::dataChanged, this, forget);
-    connect(model, &SongListTableModel::rowsRemoved, this, forget);
-    connect(model, &SongListTableModel::rowsMoved, this, forget);
+    connect(model, &SongListTableModel::modelReset, this, &SongListFilter::noteRowsChanged);
+    connect(model, &SongListTableModel::rowsRemoved, this, &SongListFilter::noteRowsChanged);
+    connect(model, &SongListTableModel::rowsMoved, this, &SongListFilter::noteRowsChanged);
+    connect(model, &SongListTableModel::dataChanged, this, &SongListFilter::noteSongsChanged);
     // At the beginning of every sort, and of an invalidate() by who has changed a song.
-    connect(this, &QAbstractItemModel::layoutAboutToBeChanged, this, forget);
+    connect(this, &QAbstractItemModel::layoutAboutToBeChanged, this, &SongListFilter::noteNewOrder);
+}
+
+void SongListFilter::noteRowsChanged()
+{
+    asked = false;
+    keys.clear();
+    prepared.rowsChanged();
+    idle.start();
+}
+
+void SongListFilter::noteSongsChanged(const QModelIndex &first, const QModelIndex &last)
+{
+    asked = false;
+    // The filter row has no place in the order.
+    if (last.row() == 0)
+        return;
+    keys.clear();
+    prepared.songsChanged(first.row(), last.row());
+}
+
+void SongListFilter::noteNewOrder()
+{
+    if (applying)
+        return;
+    asked = false;
+    keys.clear();
+    prepared.songsChanged();
+}
+
+// The first key in the search field then has as little to do as any other.
+void SongListFilter::prepareInIdleTime()
+{
+    if (!prepared.prepareSome(idleWork))
+        return idle.start();
+    if (sortColumn() < 0)
+        return;
+    keys.clear();
+    prepareKeys(sortColumn());
+}
+
+void SongListFilter::prepareKeys(int column) const
+{
+    keys.prepare(*model, column);
+    preparedForKeys = prepared.count();
+}
+
+void SongListFilter::setSource(const FilterSource *source)
+{
+    filterSource = source;
+    asked = false;
 }
 
 void SongListFilter::setGlobalSearchEnabled(bool enabled)
@@ -28,7 +93,86 @@ void SongListFilter::setGlobalSearchEnabled(bool enabled)
     if (globalSearchEnabled == enabled)
         return;
     globalSearchEnabled = enabled;
-    invalidateFilter();
+    applyFilters();
+}
+
+void SongListFilter::setDateRange(int column, QDate from, QDate to)
+{
+    if (column == FileDateColumn)
+        fileDates = {from, to};
+    else if (column == EventDateColumn)
+        eventDates = {from, to};
+}
+
+// The view draws all rows anew: to tell it of each row that comes or goes would take far longer.
+void SongListFilter::applyFilters()
+{
+    takeQuestion();
+    forgetOldKeys();
+    {
+        const QScopedValueRollback<bool> own(applying, true);
+        invalidate();
+    }
+    Q_EMIT filtersApplied();
+}
+
+// The order of before still holds if no song has changed since.
+void SongListFilter::forgetOldKeys()
+{
+    if (!keys.arePrepared())
+        return;
+    if (question.everything && prepared.isWhole())
+        prepared.renew();
+    if (!prepared.isWhole() || prepared.count() != preparedForKeys)
+        keys.clear();
+}
+
+void SongListFilter::takeQuestion() const
+{
+    question = ask();
+    asked = true;
+    if (!question.everything)
+        prepared.renew();
+}
+
+SongListFilter::Question SongListFilter::ask() const
+{
+    Question asking;
+    if (filterSource && filterSource->isStartingUp())
+        return asking;
+    if (filterSource && globalSearchEnabled)
+        asking.search = SearchQuery(filterSource->searchText());
+    for (const SongColumnRow &row : songColumns())
+        if (const QString text = model->filterText(row.column); !text.isEmpty())
+            asking.filters.emplace_back(row.column, text);
+    asking.everything = asking.search.isEmpty() && asking.filters.empty();
+    asking.terms.today = Clock::today();
+    asking.terms.fileDates = fileDates;
+    asking.terms.eventDates = eventDates;
+    if (filterSource)
+        asking.terms.tempoBorders = filterSource->tempoBorders();
+    return asking;
+}
+
+bool SongListFilter::filterAcceptsRow(int sourceRow, const QModelIndex &) const
+{
+    if (sourceRow == 0)
+        return true;
+    // Once for all rows: who changes what is asked, or a song, tells so.
+    if (!asked)
+        takeQuestion();
+    return question.everything || answers(sourceRow);
+}
+
+bool SongListFilter::answers(int sourceRow) const
+{
+    const PreparedSong &song = prepared.at(sourceRow);
+    return question.search.matches(song.searchTexts())
+           && std::all_of(question.filters.cbegin(), question.filters.cend(),
+                          [&](const ColumnFilter &filter) {
+                              return song.passes(filter, question.terms, *model->song(sourceRow),
+                                                 model->place(sourceRow));
+                          });
 }
 
 int SongListFilter::totalPlaylength() const
@@ -39,7 +183,7 @@ int SongListFilter::totalPlaylength() const
     return seconds;
 }
 
-SongPtr SongListFilter::song(int row) const
+const SongPtr &SongListFilter::song(int row) const
 {
     return model->song(mapToSource(index(row, 0)).row());
 }
@@ -65,6 +209,7 @@ bool SongListFilter::lessThan(const QModelIndex &left, const QModelIndex &right)
     if (left.row() == 0 || right.row() == 0)
         return left.row() != right.row()
                && (left.row() == 0) == (sortOrder() == Qt::AscendingOrder);
-    keys.prepare(*model, left.column());
+    if (!keys.arePreparedFor(left.column()))
+        prepareKeys(left.column());
     return keys.isLess(left.row(), right.row());
 }

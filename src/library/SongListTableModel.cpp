@@ -106,9 +106,15 @@ void SongListTableModel::retranslate()
     Q_EMIT headerDataChanged(Qt::Horizontal, 0, SongColumnCount - 1);
 }
 
-SongPtr SongListTableModel::song(int row) const
+const SongPtr &SongListTableModel::song(int row) const
 {
-    return row >= 1 ? songs.value(row - 1) : SongPtr();
+    static const SongPtr none;
+    return row >= 1 && row <= songs.size() ? songs.at(row - 1) : none;
+}
+
+SongPlace SongListTableModel::place(int row) const
+{
+    return {row, musicDir, highIntermediateName};
 }
 
 QString SongListTableModel::filterText(int column) const
@@ -323,7 +329,7 @@ QVariant SongListTableModel::songData(int row, int column, int role) const
     switch (role) {
     case Qt::DisplayRole:
     case Qt::ToolTipRole:
-        return songColumn(column)->value(*song, {row, musicDir, highIntermediateName});
+        return songColumn(column)->value(*song, place(row));
     case Qt::UserRole:
         return QVariant::fromValue(song);
     case Qt::BackgroundRole:

@@ -30,7 +30,9 @@ public:
     // The list is the library; false without a list.
     bool isMaster() const { return playlist && playlist->isMaster(); }
     // The song of a row, an empty pointer for the filter row and outside the table.
-    SongPtr song(int row) const;
+    const SongPtr &song(int row) const;
+    // What the cells of a row show beside what its song holds.
+    SongPlace place(int row) const;
     // Fetches the songs of the list anew.
     void refresh();
     // The headings in the language of now.

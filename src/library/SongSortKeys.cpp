@@ -3,9 +3,11 @@
 #include "LevelKey.h"
 #include "SongListTableModel.h"
 
+#include <QCollator>
 #include <QDateTime>
 #include <QLocale>
 
+#include <algorithm>
 #include <limits>
 
 namespace {
@@ -37,23 +39,38 @@ double number(const SongListTableModel &model, const QModelIndex &index, int typ
 
 void SongSortKeys::prepare(const SongListTableModel &model, int column)
 {
-    if (preparedColumn == column)
-        return;
     clear();
     preparedColumn = column;
     const int type = SongListTableModel::columnType(column);
     const auto rows = static_cast<std::size_t>(model.rowCount());
-    if (!isText(type)) {
-        numbers.assign(rows, beforeAll);
-        for (std::size_t row = 1; row < rows; ++row)
-            numbers[row] = number(model, model.index(static_cast<int>(row), column), type);
-        return;
-    }
+    numbers.assign(rows, beforeAll);
+    if (isText(type))
+        return prepareTexts(model, column);
+    for (std::size_t row = 1; row < rows; ++row)
+        numbers[row] = number(model, model.index(static_cast<int>(row), column), type);
+}
+
+void SongSortKeys::prepareTexts(const SongListTableModel &model, int column)
+{
+    struct Entry
+    {
+        QCollatorSortKey key;
+        std::size_t row;
+    };
     const QCollator collator{QLocale()};
-    texts.reserve(rows);
-    for (std::size_t row = 0; row < rows; ++row) {
+    std::vector<Entry> entries;
+    entries.reserve(numbers.size());
+    for (std::size_t row = 1; row < numbers.size(); ++row) {
         const QString text = model.index(static_cast<int>(row), column).data().toString();
-        texts.push_back(collator.sortKey(column == LevelColumn ? levelKey(text) : text));
+        entries.push_back({collator.sortKey(column == LevelColumn ? levelKey(text) : text), row});
+    }
+    std::sort(entries.begin(), entries.end(),
+              [](const Entry &a, const Entry &b) { return a.key < b.key; });
+    double place = 0;
+    for (std::size_t number = 0; number < entries.size(); ++number) {
+        if (number > 0 && entries[number - 1].key < entries[number].key)
+            ++place;
+        numbers[entries[number].row] = place;
     }
 }
 
@@ -61,12 +78,9 @@ void SongSortKeys::clear()
 {
     preparedColumn = -1;
     numbers.clear();
-    texts.clear();
 }
 
 bool SongSortKeys::isLess(int row, int other) const
 {
-    const auto left = static_cast<std::size_t>(row);
-    const auto right = static_cast<std::size_t>(other);
-    return texts.empty() ? numbers[left] < numbers[right] : texts[left] < texts[right];
+    return numbers[static_cast<std::size_t>(row)] < numbers[static_cast<std::size_t>(other)];
 }

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <QCollator>
-
 #include <vector>
 
 class SongListTableModel;
@@ -11,16 +9,18 @@ class SongListTableModel;
 class SongSortKeys
 {
 public:
-    // Works them out if they aren't there for this column.
     void prepare(const SongListTableModel &model, int column);
+    bool arePrepared() const { return preparedColumn >= 0; }
+    bool arePreparedFor(int column) const { return preparedColumn == column; }
     // To be called whenever a song or a row may have changed.
     void clear();
     // Of two rows that were there at prepare().
     bool isLess(int row, int other) const;
 
 private:
+    void prepareTexts(const SongListTableModel &model, int column);
+
     int preparedColumn = -1;
-    // One of them is filled.
+    // Of texts their places in the order.
     std::vector<double> numbers;
-    std::vector<QCollatorSortKey> texts;
 };

@@ -215,6 +215,7 @@ void SongListPanel::connectSignals()
         adaptPlaylistInfo();
         Q_EMIT listChanged();
     });
+    connect(songFilter, &SongListFilter::filtersApplied, this, &SongListPanel::adaptPlaylistInfo);
     connect(view, &QTableView::doubleClicked, this, &SongListPanel::songActivated);
     connect(view->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &SongListPanel::selectionChanged);
