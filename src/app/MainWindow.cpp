@@ -68,6 +68,8 @@ MainWindow::MainWindow(Tarvelo *application, QWidget *parent)
 MainWindow::~MainWindow()
 {
     qDebug("Program ending");
+    for (const SongListPanel *panel : {framePlaylist, libraryPage->songList()})
+        panel->filter()->setSource(nullptr);
     // Lists and pages tell of their selection while they go, and there is nobody to hear it.
     for (QWidget *child : findChildren<QWidget *>())
         child->disconnect(this);
@@ -134,6 +136,7 @@ void MainWindow::createConnections()
     connect(buttonFrame, &BottomFrame::requested, this, &MainWindow::carryOut);
     connectPlayer();
     connectPositionsPage();
+    connectSearch();
     // Asked for once a change: another program may take its time to answer.
     connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this,
             &MainWindow::noteClipboard);
@@ -192,6 +195,35 @@ void MainWindow::connectPositionsPage()
     connect(player, &Player::notifyCountDown, countDowns, &CountDownDisplays::showCountDown);
     connect(countDowns, &CountDownDisplays::buttonCountShown, frameTop, &TopFrame::showCount);
     connect(countDowns, &CountDownDisplays::buttonCountEnded, frameTop, &TopFrame::endCount);
+}
+
+void MainWindow::connectSearch()
+{
+    for (const SongListPanel *panel : {framePlaylist, libraryPage->songList()})
+        panel->filter()->setSource(this);
+    connect(frameTop->filterField(), &QLineEdit::textChanged, this, &MainWindow::applySearch);
+}
+
+// The focus stays in the field.
+void MainWindow::applySearch()
+{
+    for (const SongListPanel *panel : {framePlaylist, libraryPage->songList()})
+        if (panel->filter()->isGlobalSearchEnabled())
+            panel->filter()->applyFilters();
+    adaptActionStates();
+    refreshFilterStats();
+}
+
+QString MainWindow::searchText() const
+{
+    return frameTop->filterField()->text();
+}
+
+TempoBorders MainWindow::tempoBorders() const
+{
+    using Settings::Key;
+    return {settings.number(Key::Tempo12), settings.number(Key::Tempo23),
+            settings.number(Key::Tempo34), settings.number(Key::Tempo45)};
 }
 
 void MainWindow::showFirstScreen()

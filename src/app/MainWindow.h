@@ -2,6 +2,7 @@
 
 #include "ActionRules.h"
 #include "Commands.h"
+#include "FilterSource.h"
 #include "Languages.h"
 #include "Screens.h"
 #include "Song.h"
@@ -31,7 +32,7 @@ class TopFrame;
 
 // The one window: owns the five screens, the current song and the order of things, and routes
 // between them. What a screen shows and does belongs to its page.
-class MainWindow : public QMainWindow
+class MainWindow : public QMainWindow, private FilterSource
 {
     Q_OBJECT
 
@@ -103,6 +104,11 @@ protected:
     void resizeEvent(QResizeEvent *event) override;
 
 private:
+    // What the song lists' filters ask for.
+    QString searchText() const override;
+    TempoBorders tempoBorders() const override;
+    bool isStartingUp() const override { return startingUp; }
+
     struct Route;
     static const Route routes[];
 
@@ -111,6 +117,8 @@ private:
     void createConnections();
     void connectPlayer();
     void connectPositionsPage();
+    void connectSearch();
+    void applySearch();
     void showFirstScreen();
     void enterScreen(int screen);
     void stepScreen(int step);

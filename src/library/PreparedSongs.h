@@ -40,6 +40,7 @@ private:
     };
 
     void matchRows();
+    static void fetch(const Row &row);
     static bool fits(Row &row);
     void prepare(std::size_t row);
 

@@ -70,10 +70,8 @@ void SongListFilter::prepareInIdleTime()
 {
     if (!prepared.prepareSome(idleWork))
         return idle.start();
-    if (sortColumn() < 0)
-        return;
-    keys.clear();
-    prepareKeys(sortColumn());
+    if (sortColumn() >= 0 && prepared.count() != preparedForKeys)
+        prepareKeys(sortColumn());
 }
 
 void SongListFilter::prepareKeys(int column) const

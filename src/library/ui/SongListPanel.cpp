@@ -215,7 +215,10 @@ void SongListPanel::connectSignals()
         adaptPlaylistInfo();
         Q_EMIT listChanged();
     });
-    connect(songFilter, &SongListFilter::filtersApplied, this, &SongListPanel::adaptPlaylistInfo);
+    connect(songFilter, &SongListFilter::filtersApplied, this, [this] {
+        if (arePlaylistWidgetsVisible())
+            adaptPlaylistInfo();
+    });
     connect(view, &QTableView::doubleClicked, this, &SongListPanel::songActivated);
     connect(view->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &SongListPanel::selectionChanged);
@@ -316,6 +319,8 @@ void SongListPanel::openListBox()
 void SongListPanel::setPlaylistWidgetsVisible(bool visible)
 {
     playlistWidgets->setVisible(visible);
+    if (visible)
+        adaptPlaylistInfo();
 }
 
 bool SongListPanel::arePlaylistWidgetsVisible() const
