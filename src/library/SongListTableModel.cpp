@@ -95,6 +95,12 @@ void SongListTableModel::refresh()
     const Change change(this);
 }
 
+void SongListTableModel::followList()
+{
+    if (playlist && changing == 0 && songs != playlist->songs())
+        refresh();
+}
+
 void SongListTableModel::fetchSongs()
 {
     songs = playlist ? playlist->songs() : QList<SongPtr>();
@@ -215,8 +221,10 @@ void SongListTableModel::addSongs(const QList<SongPtr> &list)
     if (!playlist)
         return;
     const Change change(this);
+    QStringList paths;
     for (const SongPtr &song : list)
-        playlist->add(song->getFilename());
+        paths.append(song->getFilename());
+    playlist->addAll(paths);
 }
 
 bool SongListTableModel::copySong(const QString &destination, const SongPtr &song)
@@ -453,10 +461,17 @@ bool SongListTableModel::importDropped(const QMimeData &data)
     return !files.isEmpty() && importSongs(files) > 0;
 }
 
+QStringList SongListTableModel::pathsOf(const QList<DraggedItem> &items)
+{
+    QStringList paths;
+    for (const DraggedItem &item : items)
+        paths.append(item.path);
+    return paths;
+}
+
 void SongListTableModel::append(const QList<DraggedItem> &items, bool sameModel)
 {
-    for (const DraggedItem &item : items)
-        playlist->add(item.path);
+    playlist->addAll(pathsOf(items));
     if (sameModel && !items.isEmpty())
         playlist->removeEntryAt(items.constFirst().index, false);
 }
@@ -465,8 +480,7 @@ void SongListTableModel::insert(const QList<DraggedItem> &items, int parentRow, 
 {
     const int target = parentRow - 1;
     if (!sameModel) {
-        for (auto item = items.crbegin(); item != items.crend(); ++item)
-            playlist->insert(item->path, target);
+        playlist->insertAll(pathsOf(items), target);
     } else if (!items.isEmpty()) {
         const int from = items.constFirst().index;
         playlist->moveTo(from, (from < target ? target : parentRow) - 1);

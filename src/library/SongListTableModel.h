@@ -35,6 +35,8 @@ public:
     SongPlace place(int row) const;
     // Fetches the songs of the list anew.
     void refresh();
+    // The same, where somebody else has changed the list.
+    void followList();
     // The headings in the language of now.
     void retranslate();
 
@@ -119,6 +121,7 @@ private:
     QVariant songData(int row, int column, int role) const;
     static Drag readDrag(const QMimeData &data);
     bool importDropped(const QMimeData &data);
+    static QStringList pathsOf(const QList<DraggedItem> &items);
     void append(const QList<DraggedItem> &items, bool sameModel);
     void insert(const QList<DraggedItem> &items, int parentRow, bool sameModel);
 

@@ -5,6 +5,7 @@
 #include <QList>
 #include <QObject>
 #include <QSharedPointer>
+#include <QStringList>
 
 // Whatever a song table can show: the library, a playlist file, the working list. An operation
 // that has no meaning for a list does nothing or answers false. On the GUI thread alone.
@@ -51,6 +52,9 @@ public:
     virtual bool add(const QString &path) = 0;
     // Before the entry at index, or behind the last one; false for any other index.
     virtual bool insert(const QString &path, int index) = 0;
+    // The same for many, in their order: the list is built anew once. False when one was refused.
+    virtual bool addAll(const QStringList &paths);
+    virtual bool insertAll(const QStringList &paths, int index);
     // The moves do nothing when the entry, the block or its target lie outside the list. A block
     // of count entries begins at index.
     virtual void moveTo(int from, int to) = 0;

@@ -168,9 +168,21 @@ bool PlaylistFile::add(const QString &entry)
 
 bool PlaylistFile::insert(const QString &entry, int index)
 {
+    return insertAll({entry}, index);
+}
+
+bool PlaylistFile::addAll(const QStringList &paths)
+{
+    return insertAll(paths, static_cast<int>(entries.size()));
+}
+
+bool PlaylistFile::insertAll(const QStringList &paths, int index)
+{
+    if (paths.isEmpty())
+        return true;
     if (index < 0 || index > entries.size())
         return false;
-    entries.insert(index, entry);
+    entries = entries.first(index) + paths + entries.sliced(index);
     entriesChanged();
     return true;
 }

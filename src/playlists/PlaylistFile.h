@@ -38,6 +38,8 @@ public:
     void renameSong(const QString &oldPath, const QString &newPath) override;
     bool add(const QString &path) override;
     bool insert(const QString &path, int index) override;
+    bool addAll(const QStringList &paths) override;
+    bool insertAll(const QStringList &paths, int index) override;
     void moveTo(int from, int to) override;
     void moveUp(int index, int count) override;
     void moveDown(int index, int count) override;

@@ -3,6 +3,7 @@
 #include "TestLibrary.h"
 #include "TestMain.h"
 
+#include <QElapsedTimer>
 #include <QGuiApplication>
 
 #include <limits>
@@ -24,6 +25,9 @@ private Q_SLOTS:
     void adding();
     void inserting_data();
     void inserting();
+    void insertingMany_data();
+    void insertingMany();
+    void manyAreCheap();
     void removesTheFirstOfEqualEntries();
     void removesByIndex_data();
     void removesByIndex();
@@ -147,6 +151,57 @@ void TestPlaylistEntries::inserting()
     QCOMPARE(list->insert(u"/m/x"_s, index), changes);
     QCOMPARE(names(), result);
     QCOMPARE(list->isModified(), changes);
+}
+
+void TestPlaylistEntries::insertingMany_data()
+{
+    QTest::addColumn<int>("index");
+    QTest::addColumn<QStringList>("paths");
+    const QStringList some{u"/m/x"_s, u"/m/y"_s, u"/m/x"_s};
+    for (const int index : {-2, -1, 0, 1, 3, 4})
+        QTest::addRow("%d", index) << index << some;
+    QTest::newRow("none") << 1 << QStringList();
+}
+
+// As one after the other, from the last to the first.
+void TestPlaylistEntries::insertingMany()
+{
+    QFETCH(int, index);
+    QFETCH(QStringList, paths);
+    library->put(u"/m/x"_s);
+    PlaylistFile single(library.get());
+    for (const QChar letter : u"abc"_s)
+        single.add(u"/m/"_s + letter);
+    fill(u"abc"_s);
+    clean();
+    bool expected = true;
+    for (auto path = paths.crbegin(); path != paths.crend(); ++path)
+        expected = single.insert(*path, index) && expected;
+    QCOMPARE(list->insertAll(paths, index), expected);
+    QStringList wanted;
+    for (const SongPtr &song : single.songs())
+        wanted.append(song->getFilename());
+    QStringList found;
+    for (const SongPtr &song : list->songs())
+        found.append(song->getFilename());
+    QCOMPARE(found, wanted);
+    QCOMPARE(list->isModified(), expected && !paths.isEmpty());
+}
+
+// One by one this takes a minute.
+void TestPlaylistEntries::manyAreCheap()
+{
+    QStringList paths;
+    for (int number = 0; number < 10'000; ++number) {
+        paths.append(u"/m/%1.mp3"_s.arg(number));
+        library->put(paths.constLast());
+    }
+    QElapsedTimer clock;
+    clock.start();
+    QVERIFY(list->addAll(paths));
+    QVERIFY2(clock.elapsed() < 2000, qPrintable(QString::number(clock.elapsed())));
+    QCOMPARE(list->count(), 10'000);
+    QCOMPARE(list->songs().constLast(), library->getSong(paths.constLast()));
 }
 
 void TestPlaylistEntries::removesTheFirstOfEqualEntries()
