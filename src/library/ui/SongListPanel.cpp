@@ -1,71 +1,26 @@
 #include "SongListPanel.h"
 
-#include "ElidingComboBox.h"
-#include "FlowLayout.h"
+#include "ColumnWidths.h"
 #include "FrozenTableView.h"
 #include "FrozenTableViewStyle.h"
+#include "PlaylistBar.h"
 #include "SongDelegate.h"
 #include "SongListFilter.h"
 #include "SongListTableModel.h"
 #include "SongManager.h"
-#include "ThemeContext.h"
+#include "SongTableColumns.h"
 #include "TimeTexts.h"
-#include "Tips.h"
 
 #include <QApplication>
 #include <QEvent>
 #include <QHeaderView>
-#include <QLabel>
-#include <QPushButton>
-#include <QSignalBlocker>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include <algorithm>
 
 namespace {
 
-enum ButtonKind { Later, Toggle };
-
-struct ButtonRow
-{
-    const char *name; // of the object, before the letter of the side
-    const char *text; // tool tip and accessible name
-    const char *key;  // that does the same for the left list; null for none
-    const char *picture;
-    ButtonKind kind;
-};
-
-constexpr ButtonRow buttonRows[] = {
-    {"buttonPlaylistOpen", QT_TRANSLATE_NOOP("SongListPanel", "Playlist öffnen"), nullptr, "Open",
-     Later},
-    {"buttonPlaylistSave", QT_TRANSLATE_NOOP("SongListPanel", "Playlist speichern"),
-     QT_TRANSLATE_NOOP("SongListPanel", "AltGr+S"), "Save", Later},
-    {"buttonPlaylistSaveAs", QT_TRANSLATE_NOOP("SongListPanel", "Playlist speichern unter"),
-     nullptr, "Save_As", Later},
-    {"buttonPlaylistRemove", QT_TRANSLATE_NOOP("SongListPanel", "Playlist löschen"), nullptr,
-     "Remove", Later},
-    {"buttonPlaylistCopyBuffer",
-     QT_TRANSLATE_NOOP("SongListPanel", "Liste in die Zwischenablage kopieren"), nullptr, "Copy",
-     Later},
-    {"buttonPlaylistExportAllFiles",
-     QT_TRANSLATE_NOOP("SongListPanel", "Alle Dateien der Liste in einen Ordner kopieren"), nullptr,
-     "Copy_Files", Later},
-    {"buttonPlaylistAddEntry",
-     QT_TRANSLATE_NOOP("SongListPanel", "Ausgewählte Songs der anderen Liste hinzufügen"),
-     QT_TRANSLATE_NOOP("SongListPanel", "AltGr+Einfg"), "Entry_Add", Later},
-    {"buttonPlaylistEntryRemove",
-     QT_TRANSLATE_NOOP("SongListPanel", "Eintrag aus der Liste entfernen"),
-     QT_TRANSLATE_NOOP("SongListPanel", "AltGr+Entf"), "Entry_Remove", Later},
-    {"buttonPlaylistEntryMoveUp",
-     QT_TRANSLATE_NOOP("SongListPanel", "Eintrag nach oben verschieben"), nullptr, "Up", Later},
-    {"buttonPlaylistEntryMoveDown",
-     QT_TRANSLATE_NOOP("SongListPanel", "Eintrag nach unten verschieben"), nullptr, "Down", Later},
-    {"buttonPlaylistNonStop",
-     QT_TRANSLATE_NOOP("SongListPanel", "Nach jedem Song den nächsten abspielen"), nullptr,
-     "Non_Stop", Toggle},
-};
-
-constexpr int mostLists = 20;
 constexpr int libraryList = 0;
 constexpr int workingList = 1;
 
@@ -74,9 +29,9 @@ HiddenAtFirst hiddenBit(SongListPanel::Side side)
     return side == SongListPanel::Side::Right ? HiddenRight : HiddenLeft;
 }
 
-QString withKey(const QString &text, const QString &key)
+PlaylistBar::Side barSide(SongListPanel::Side side)
 {
-    return key.isEmpty() ? text : text + QStringLiteral("       ") + key;
+    return side == SongListPanel::Side::Right ? PlaylistBar::Side::Right : PlaylistBar::Side::Left;
 }
 
 } // namespace
@@ -85,21 +40,17 @@ SongListPanel::SongListPanel(Side which, SongManager *songManager, QWidget *pare
     : QFrame(parent)
     , side(which)
     , manager(songManager)
+    , operations(songManager, this)
     , songModel(new SongListTableModel(songManager, this))
     , songFilter(new SongListFilter(songModel, which == Side::Right, this))
     , view(new FrozenTableView(this))
     , selected(view, songFilter)
-    , playlistWidgets(new QWidget(this))
-    , listBox(new ElidingComboBox(playlistWidgets))
-    , buttonLayout(new FlowLayout)
-    , info(new QLabel(playlistWidgets))
+    , playlistWidgets(new PlaylistBar(barSide(which), this))
 {
     setObjectName(side == Side::Left ? QStringLiteral("framePlaylist")
                                      : QStringLiteral("frameMusicList"));
     createTable();
     createHeader();
-    createListBox();
-    createButtons();
     layOut();
     retranslate();
     setList(manager->getPlaylist(side == Side::Left ? workingList : libraryList));
@@ -108,11 +59,6 @@ SongListPanel::SongListPanel(Side which, SongManager *songManager, QWidget *pare
 }
 
 SongListPanel::~SongListPanel() = default;
-
-QString SongListPanel::suffixed(const char *name) const
-{
-    return QLatin1String(name) + (side == Side::Left ? u'L' : u'R');
-}
 
 void SongListPanel::createTable()
 {
@@ -154,53 +100,12 @@ void SongListPanel::createHeader()
     header->setContextMenuPolicy(Qt::CustomContextMenu);
     header->setFocusPolicy(Qt::NoFocus);
     header->setSortIndicator(TitleColumn, Qt::AscendingOrder);
-    hideColumns();
-}
-
-void SongListPanel::hideColumns()
-{
-    for (const SongColumnRow &column : songColumns())
-        view->setColumnHidden(column.column, (column.hidden & hiddenBit(side)) != 0);
-}
-
-void SongListPanel::createListBox()
-{
-    listBox->setObjectName(suffixed("comboBoxPlaylistSelection"));
-    listBox->setMaxVisibleItems(mostLists);
-    listBox->setFocusPolicy(Qt::NoFocus);
-    // The frame may be narrower than the longest name.
-    listBox->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    listBox->setMinimumContentsLength(6);
-    info->setObjectName(suffixed("labelPlaylistInfo"));
-    info->setWordWrap(true);
-}
-
-void SongListPanel::createButtons()
-{
-    for (const ButtonRow &row : buttonRows) {
-        if (row.kind == Toggle && side == Side::Right) {
-            buttons.append(nullptr);
-            continue;
-        }
-        auto *button = new QPushButton(playlistWidgets);
-        button->setObjectName(row.kind == Toggle ? QLatin1String(row.name) : suffixed(row.name));
-        button->setFocusPolicy(Qt::NoFocus);
-        button->setCheckable(row.kind == Toggle);
-        button->setEnabled(row.kind == Toggle);
-        if (row.kind == Toggle)
-            nonStop = button;
-        buttonLayout->addWidget(button);
-        buttons.append(button);
-    }
+    columns = new SongTableColumns(view, hiddenBit(side), this);
+    columns->hideAtFirst();
 }
 
 void SongListPanel::layOut()
 {
-    auto *above = new QVBoxLayout(playlistWidgets);
-    above->setContentsMargins(0, 0, 0, 0);
-    above->addWidget(listBox);
-    above->addLayout(buttonLayout);
-    above->addWidget(info);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(playlistWidgets);
@@ -209,27 +114,38 @@ void SongListPanel::layOut()
 
 void SongListPanel::connectSignals()
 {
-    connect(listBox, &QComboBox::currentIndexChanged, this, &SongListPanel::showListAt);
+    connect(playlistWidgets, &PlaylistBar::listChosen, this, &SongListPanel::showListAt);
+    connect(playlistWidgets, &PlaylistBar::requested, this, &SongListPanel::carryOut);
     connect(manager, &SongManager::notifyListsChanged, this, &SongListPanel::followLists);
-    connect(songModel, &SongListTableModel::notifyModelChanged, this, [this] {
-        adaptPlaylistInfo();
-        Q_EMIT listChanged();
-    });
-    connect(songFilter, &SongListFilter::filtersApplied, this, [this] {
-        if (arePlaylistWidgetsVisible())
-            adaptPlaylistInfo();
-    });
+    connectList();
+    connectTable();
+}
+
+void SongListPanel::connectList()
+{
+    connect(songModel, &SongListTableModel::notifyModelChanged, this, &SongListPanel::followChange);
+    connect(songModel, &QAbstractItemModel::modelAboutToBeReset, this,
+            &SongListPanel::keepSelection);
+    for (const auto signal : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved})
+        connect(songFilter, signal, this, &SongListPanel::adaptPlaylistInfoSoon);
+    connect(songFilter, &QAbstractItemModel::layoutChanged, this,
+            &SongListPanel::adaptPlaylistInfoSoon);
+}
+
+void SongListPanel::connectTable()
+{
     connect(view, &QTableView::doubleClicked, this, &SongListPanel::songActivated);
     connect(view->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &SongListPanel::selectionChanged);
+    connect(this, &SongListPanel::selectionChanged, this, &SongListPanel::adaptPlaylistButtons);
     connect(view, &QWidget::customContextMenuRequested, this, [this](const QPoint &place) {
         Q_EMIT contextMenuRequested(view->viewport()->mapToGlobal(place));
     });
     QHeaderView *header = view->horizontalHeader();
-    connect(
-        header, &QWidget::customContextMenuRequested, this, [this, header](const QPoint &place) {
-            Q_EMIT headerMenuRequested(header->mapToGlobal(place), header->logicalIndexAt(place));
-        });
+    connect(header, &QWidget::customContextMenuRequested, this,
+            [this, header](const QPoint &place) {
+                columns->popupMenu(header->mapToGlobal(place), header->logicalIndexAt(place));
+            });
 }
 
 const PlaylistPtr &SongListPanel::list() const
@@ -266,61 +182,133 @@ void SongListPanel::adaptToKind()
                                      : QAbstractItemView::SingleSelection);
 }
 
-void SongListPanel::showListAt(int index)
+bool SongListPanel::switchList(const PlaylistPtr &wanted)
 {
-    setList(manager->getPlaylist(index));
+    const PlaylistPtr before = list();
+    if (!wanted || wanted == before)
+        return wanted == before;
+    const bool isFree = promptSave() && isKnown(wanted);
+    // What the user has declined is gone, in the other panel too.
+    if (isFree && before->isModified()) {
+        before->revert();
+        songModel->followList();
+    }
+    if (isFree)
+        setList(wanted);
+    else
+        fillListBox();
+    return isFree;
 }
 
-// The names, with that of the list on show, which the manager may have let go of.
+bool SongListPanel::promptSave()
+{
+    const bool isFree = operations.promptSave(list());
+    refreshPlaylistCombos();
+    return isFree;
+}
+
+void SongListPanel::showListAt(int index)
+{
+    switchList(manager->getPlaylist(index));
+}
+
+bool SongListPanel::isKnown(const PlaylistPtr &wanted) const
+{
+    return indexOf(wanted) >= 0;
+}
+
+int SongListPanel::indexOf(const PlaylistPtr &wanted) const
+{
+    const auto count = static_cast<int>(manager->getPlaylistNames().size());
+    for (int index = 0; index < count; ++index) {
+        if (manager->getPlaylist(index) == wanted)
+            return index;
+    }
+    return -1;
+}
+
+// The manager may have let go of the list on show.
 void SongListPanel::fillListBox()
 {
-    const QSignalBlocker silent(listBox);
-    const QStringList names = manager->getPlaylistNames();
-    listBox->clear();
-    listBox->addItems(names);
-    int current = -1;
-    for (int index = 0; index < names.size(); ++index) {
-        if (manager->getPlaylist(index) == list())
-            current = index;
-    }
-    listBox->setCurrentIndex(current);
+    playlistWidgets->setLists(manager->getPlaylistNames(), indexOf(list()));
+    adaptPlaylistButtons();
 }
 
 // A list that was read anew is another one of the same name.
 void SongListPanel::followLists()
 {
-    const qsizetype count = manager->getPlaylistNames().size();
-    for (int index = 0; index < count; ++index) {
-        if (manager->getPlaylist(index) == list())
-            return fillListBox();
-    }
+    if (isKnown(list()))
+        return fillListBox();
     const auto index = manager->getPlaylistNames().indexOf(list()->name());
     const int otherwise = side == Side::Left ? workingList : libraryList;
-    showListAt(index < 0 ? otherwise : static_cast<int>(index));
+    setList(manager->getPlaylist(index < 0 ? otherwise : static_cast<int>(index)));
+}
+
+void SongListPanel::followChange()
+{
+    adaptPlaylistInfo();
+    adaptPlaylistButtons();
+    if (other && other->list() == list())
+        other->model()->followList();
+    Q_EMIT listChanged();
 }
 
 void SongListPanel::adaptPlaylistInfo()
 {
     const int shown = std::max(songFilter->rowCount() - 1, 0);
+    infoPending = false;
     const int total = list()->count();
     const QString length = durationText(songFilter->totalPlaylength());
-    info->setText(shown == total
-                      ? tr("%1 Songs  %2 Spielzeit").arg(QString::number(shown), length)
-                      : tr("%1/%2 Songs  %3 Spielzeit")
-                            .arg(QString::number(shown), QString::number(total), length));
+    playlistWidgets->setInfo(
+        shown == total ? tr("%1 Songs  %2 Spielzeit").arg(QString::number(shown), length)
+                       : tr("%1/%2 Songs  %3 Spielzeit")
+                             .arg(QString::number(shown), QString::number(total), length));
+}
+
+// A filter takes its rows away in many steps.
+void SongListPanel::adaptPlaylistInfoSoon()
+{
+    if (playlistWidgets->isHidden())
+        return;
+    if (!infoPending)
+        QTimer::singleShot(0, this, &SongListPanel::adaptPlaylistInfo);
+    infoPending = true;
+}
+
+void SongListPanel::adaptPlaylistButtons()
+{
+    PlaylistState state;
+    state.isLibrary = songModel->isMaster();
+    state.isNew = list()->isNew();
+    state.isModified = list()->isModified();
+    state.entries = list()->count();
+    state.selectedEntry = selectedEntry();
+    state.isOtherSelected = other && !other->selection().rows().isEmpty();
+    playlistWidgets->adapt(state);
+}
+
+// On both sides: they may show the same list.
+void SongListPanel::refreshPlaylistCombos()
+{
+    fillListBox();
+    if (other)
+        other->fillListBox();
 }
 
 void SongListPanel::openListBox()
 {
-    if (listBox->isVisible())
-        listBox->showPopup();
+    playlistWidgets->openListBox();
+}
+
+bool SongListPanel::isListBoxVisible() const
+{
+    return playlistWidgets->isListBoxVisible();
 }
 
 void SongListPanel::setPlaylistWidgetsVisible(bool visible)
 {
     playlistWidgets->setVisible(visible);
-    if (visible)
-        adaptPlaylistInfo();
+    adaptPlaylistInfo();
 }
 
 bool SongListPanel::arePlaylistWidgetsVisible() const
@@ -330,13 +318,12 @@ bool SongListPanel::arePlaylistWidgetsVisible() const
 
 bool SongListPanel::isNonStop() const
 {
-    return nonStop && nonStop->isChecked();
+    return playlistWidgets->isNonStop();
 }
 
 void SongListPanel::setNonStop(bool wanted)
 {
-    if (nonStop)
-        nonStop->setChecked(wanted);
+    playlistWidgets->setNonStop(wanted);
 }
 
 void SongListPanel::setFontSize(int points)
@@ -356,62 +343,43 @@ void SongListPanel::setFontSize(int points)
 
 void SongListPanel::setButtonSize(const QSize &size)
 {
-    for (QPushButton *button : std::as_const(buttons)) {
-        if (!button)
-            continue;
-        button->setFixedSize(size);
-        button->setIconSize(size * 3 / 5);
-    }
+    playlistWidgets->setButtonSize(size);
 }
 
 void SongListPanel::setButtonSpacing(int pixels)
 {
-    buttonLayout->setSpacing(pixels);
-    QLayout *layout = playlistWidgets->layout();
-    layout->setSpacing(pixels);
-    layout->setContentsMargins(pixels / 2, pixels / 2, pixels / 2, pixels / 2);
+    playlistWidgets->setButtonSpacing(pixels);
 }
 
 void SongListPanel::refreshPictures()
 {
-    for (qsizetype index = 0; index < buttons.size(); ++index)
-        if (buttons.at(index))
-            buttons.at(index)->setIcon(themeIcon(QLatin1String(buttonRows[index].picture)));
+    playlistWidgets->refreshPictures();
 }
 
 void SongListPanel::showEvent(QShowEvent *event)
 {
     QFrame::showEvent(event);
-    if (!columnsPlaced)
-        spreadColumns();
-    columnsPlaced = true;
+    columns->spreadAtFirst();
 }
 
-void SongListPanel::spreadColumns()
+void SongListPanel::fitColumns(const QList<int> &wanted)
 {
-    const int letter = view->fontMetrics().averageCharWidth();
-    for (const SongColumnRow &column : songColumns()) {
-        if (!view->isColumnHidden(column.column))
-            view->setColumnWidth(column.column, column.letters * letter);
-    }
+    columns->fit(wanted);
+}
+
+void SongListPanel::fitAllColumns()
+{
+    columns->fit(ColumnWidths::allInOrder());
 }
 
 QByteArray SongListPanel::columnConfig() const
 {
-    // Widths that nobody has seen yet are none to be kept.
-    return columnsPlaced ? view->horizontalHeader()->saveState() : QByteArray();
+    return columns->config();
 }
 
 bool SongListPanel::restoreColumnConfig(const QByteArray &config)
 {
-    QHeaderView *header = view->horizontalHeader();
-    const QByteArray before = header->saveState();
-    const bool restored = header->restoreState(config);
-    if (!restored)
-        header->restoreState(before);
-    columnsPlaced = columnsPlaced || restored;
-    view->refreshFrozenColumns();
-    return restored;
+    return columns->restore(config);
 }
 
 void SongListPanel::changeEvent(QEvent *event)
@@ -423,14 +391,7 @@ void SongListPanel::changeEvent(QEvent *event)
 
 void SongListPanel::retranslate()
 {
-    describe(listBox, withKey(tr("Schnellzugriff auf die letzten 20 Listen"),
-                              side == Side::Left ? QStringLiteral("O") : QString()));
-    for (qsizetype index = 0; index < buttons.size(); ++index) {
-        const ButtonRow &row = buttonRows[index];
-        const bool hasKey = row.key && side == Side::Left;
-        if (buttons.at(index))
-            describe(buttons.at(index), withKey(tr(row.text), hasKey ? tr(row.key) : QString()));
-    }
+    playlistWidgets->retranslate();
     view->setAccessibleName(side == Side::Left ? tr("Playlist") : tr("Musikliste"));
     songModel->retranslate();
     if (list()) {

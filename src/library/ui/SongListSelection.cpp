@@ -8,6 +8,7 @@
 #include <QScrollBar>
 
 #include <algorithm>
+#include <cstdlib>
 
 SongListSelection::SongListSelection(FrozenTableView *view, SongListFilter *songs)
     : table(view)
@@ -78,6 +79,18 @@ void SongListSelection::select(const SongPtr &wanted)
     if (found < 0)
         return clear();
     selectRow(found);
+}
+
+void SongListSelection::selectNear(const SongPtr &wanted, int row)
+{
+    int nearest = -1;
+    for (int found = 1; found <= lastRow(); ++found) {
+        const bool isNearer = nearest < 0 || std::abs(found - row) < std::abs(nearest - row);
+        if (isNearer && filter->song(found) == wanted)
+            nearest = found;
+    }
+    if (nearest > 0)
+        selectRow(nearest);
 }
 
 // Whatever modifiers are down: a key that moves has some of its own.

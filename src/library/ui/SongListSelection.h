@@ -29,6 +29,8 @@ public:
     void selectAll();
     // Selects the song and shows it; clears the selection where the list doesn't hold it.
     void select(const SongPtr &wanted);
+    // Selects the row with the song that lies next to this one; nothing happens without any.
+    void selectNear(const SongPtr &wanted, int row);
 
     // Selects the row n rows away from the selected one, the first or last at most. Without one
     // selected row, up goes from the end of the list and down does nothing, unless it is for more
