@@ -116,6 +116,8 @@ QWidget *MainWindow::buildCenter()
     for (QWidget *page : std::initializer_list<QWidget *>{libraryPage, positionsPage,
                                                           choreographyPage, settingsPage, helpPage})
         stackedWidget->addWidget(page);
+    framePlaylist->setOther(libraryPage->songList());
+    libraryPage->songList()->setOther(framePlaylist);
     splitterPlaylist->addWidget(framePlaylist);
     splitterPlaylist->addWidget(stackedWidget);
     splitterPlaylist->setChildrenCollapsible(false);
@@ -149,12 +151,17 @@ void MainWindow::createConnections()
         loadPlaylistSong(framePlaylist->selection().song());
         showScreen(PositionsScreen);
     });
-    for (const SongListPanel *panel : {framePlaylist, libraryPage->songList()}) {
+    for (SongListPanel *panel : {framePlaylist, libraryPage->songList()}) {
         connect(panel, &SongListPanel::selectionChanged, this, &MainWindow::followSelection);
         connect(panel, &SongListPanel::listChanged, this, &MainWindow::followSelection);
+        connect(panel, &SongListPanel::entryRemoved, this,
+                [this, panel] { followRemoval(panel->selection().song()); });
+        connect(panel, &SongListPanel::contextMenuRequested, this, [this, panel](QPoint global) {
+            // The actions are those of the active list, which need not be this one.
+            selectInOtherTable(panel->selection().song());
+            actions->menu(MenuId::LibraryContext)->popup(global);
+        });
     }
-    connect(libraryPage->songList(), &SongListPanel::contextMenuRequested, this,
-            [this](QPoint global) { actions->menu(MenuId::LibraryContext)->popup(global); });
     connect(songFiles.get(), &SongFileActions::musicDirWanted, this,
             [this] { showScreen(SettingsScreen); });
     connect(splitterPlaylist, &QSplitter::splitterMoved, this, [this] {
@@ -280,8 +287,9 @@ void MainWindow::refreshMusicList()
 // The splash screen runs the event loop: what comes in meanwhile must not scan again.
 void MainWindow::refreshAllLists()
 {
-    if (scanning)
+    if (scanning || !promptSaves())
         return;
+    libraryPage->songList()->ensureList(app->getSongManager()->getPlaylist(0));
     showPlaylist(false);
     refreshMusicList();
     selectNoneInLibrary();
@@ -318,10 +326,20 @@ void MainWindow::decoupledStartActions()
     adaptToFrameHeight(settingsPage->frameSize());
 }
 
+// Two panels may show one list.
+bool MainWindow::promptSaves()
+{
+    SongListPanel *right = libraryPage->songList();
+    const PlaylistPtr leftList = framePlaylist->list();
+    return framePlaylist->promptSave() && (right->list() == leftList || right->promptSave());
+}
+
 bool MainWindow::byeBye()
 {
     if (leaving)
         return true;
+    if (positionEditorOpen || !promptSaves())
+        return false;
     saveSettings();
     if (startingUp) {
         quitRequested = true;
@@ -399,6 +417,15 @@ void MainWindow::followSelection()
     refreshFilterStats();
 }
 
+// The entry that has moved up to its place.
+void MainWindow::followRemoval(const SongPtr &song)
+{
+    if (song)
+        loadPlaylistSong(song);
+    else
+        selectNoneInLibrary();
+}
+
 // The panel's own list stays as it was; the library comes back on the right.
 void MainWindow::showPlaylist(bool shown)
 {
@@ -408,7 +435,7 @@ void MainWindow::showPlaylist(bool shown)
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     SongListPanel *right = libraryPage->songList();
     if (currentScreen() == LibraryScreen)
-        right->ensureList(app->getSongManager()->getPlaylist(0));
+        right->switchList(app->getSongManager()->getPlaylist(0));
     else if (currentScreen() == PositionsScreen)
         positionsPage->refreshPositionsWindow();
     if (!shown)

@@ -133,6 +133,11 @@ private:
     // Plays the left list's next song, or the one before it for -1.
     void playPlaylistEntry(int step);
     void followSelection();
+    // An entry was taken out of a list, in which this song is selected now; empty for none.
+    void followRemoval(const SongPtr &song);
+    // Asks for each list on show that has changed whether it is to be saved; false when the user
+    // wants to stay.
+    bool promptSaves();
     void showPlaylist(bool shown);
     void togglePlaylistManager();
     void showPlaylistManager(bool shown);

@@ -9,6 +9,7 @@
 #include "Player.h"
 #include "PositionsPage.h"
 #include "SettingsPage.h"
+#include "SongColumns.h"
 #include "SongFileActions.h"
 #include "SongListPanel.h"
 #include "TopFrame.h"
@@ -76,18 +77,20 @@ const MainWindow::Route MainWindow::routes[] = {
     {Command::SelectNoSong, [](MainWindow &w, int) { w.selectNoneInLibrary(); }},
     {Command::ResetFilters, [](MainWindow &w, int) { w.resetMusicListFilters(); }},
     {Command::Rescan, [](MainWindow &w, int) { w.refreshAllLists(); }},
-    {Command::FitColumns, notYet},
+    {Command::FitColumns, [](MainWindow &w, int) { w.libraryPage->songList()->fitAllColumns(); }},
 
     {Command::TogglePlaylistPanel, [](MainWindow &w, int) { w.showPlaylist(!w.playlistShown); }},
     {Command::TogglePlaylistManager, [](MainWindow &w, int) { w.togglePlaylistManager(); }},
     {Command::OpenPlaylistSelection, [](MainWindow &w, int) { w.framePlaylist->openListBox(); }},
-    {Command::AddToPlaylist, notYet},
+    {Command::AddToPlaylist,
+     [](MainWindow &w, int) { w.framePlaylist->carryOut(PlaylistTask::AddSongs); }},
     {Command::RemoveFromPlaylist,
      [](MainWindow &w, int) {
-         if (w.framePlaylist->isVisible())
-             showNotImplemented();
+         if (w.framePlaylist->isListBoxVisible())
+             w.framePlaylist->carryOut(PlaylistTask::RemoveEntry);
      }},
-    {Command::SavePlaylist, notYet},
+    {Command::SavePlaylist,
+     [](MainWindow &w, int) { w.framePlaylist->carryOut(PlaylistTask::Save); }},
     {Command::ScrollPlaylist, [](MainWindow &w, int rows) { w.scrollPlaylist(rows); }},
     {Command::PagePlaylist, [](MainWindow &w, int pages) { w.pagePlaylist(pages); }},
     {Command::ShowPlaylistEnd, [](MainWindow &w, int end) { w.showPlaylistEnd(end); }},
@@ -148,8 +151,13 @@ const MainWindow::Route MainWindow::routes[] = {
     {Command::CopyChoreography, notYet},
     {Command::ExportMetadata, notYet},
     {Command::ImportMetadata, notYet},
-    {Command::ExportShortList, notYet},
-    {Command::ExportLongList, notYet},
+    {Command::ExportShortList,
+     [](MainWindow &w, int) {
+         w.libraryPage->songList()->exportColumns(
+             {TitleColumn, ArtistColumn, AlbumColumn, IswcColumn});
+     }},
+    {Command::ExportLongList,
+     [](MainWindow &w, int) { w.libraryPage->songList()->exportShownColumns(); }},
     {Command::CopyFile, [](MainWindow &w, int) { w.copyFileToBuffer(); }},
     {Command::CopySongFiles,
      [](MainWindow &w, int) { w.songFiles->copySongFile(*w.activePanel(), w.currentSong); }},

@@ -169,7 +169,6 @@ void TestWindowKeys::functionsThatComeLater_data()
     row("Ctrl+S", ChoreographyScreen, Qt::Key_S, Qt::ControlModifier);
     row("Alt+C", PositionsScreen, Qt::Key_C, Qt::AltModifier);
     row("V", LibraryScreen, Qt::Key_V, {});
-    row("X", LibraryScreen, Qt::Key_X, {});
     row("Ctrl+I", PositionsScreen, Qt::Key_I, Qt::ControlModifier);
     row("Ctrl+Shift+I", ChoreographyScreen, Qt::Key_I, Qt::ControlModifier | Qt::ShiftModifier);
 }

@@ -1,3 +1,4 @@
+#include "FileDialogs.h"
 #include "FrozenTableView.h"
 #include "LibraryPage.h"
 #include "Player.h"
@@ -10,9 +11,13 @@
 
 #include <QAbstractItemView>
 #include <QApplication>
+#include <QClipboard>
 #include <QComboBox>
+#include <QContextMenuEvent>
+#include <QHeaderView>
 #include <QPushButton>
 #include <QSignalSpy>
+#include <QSlider>
 #include <QSplitter>
 #include <QStackedWidget>
 
@@ -49,6 +54,29 @@ private Q_SLOTS:
     void panelLeavesTheSelection();
     void doubleClickDividesTheRoom();
     void listBoxOpensByKey();
+    void songsAreAddedByKey_data();
+    void songsAreAddedByKey();
+    void entriesAreRemovedByKey_data();
+    void entriesAreRemovedByKey();
+    void theLastEntryLeavesNoSong();
+    void entriesAreRemovedWhileTheBoxIsSeen();
+    void theListIsSavedByKey_data();
+    void theListIsSavedByKey();
+    void quittingAsks_data();
+    void quittingAsks();
+    void bothListsAreAskedFor();
+    void oneListIsAskedForOnce();
+    void rescanAsks_data();
+    void rescanAsks();
+    void thePanelsButtonAsks();
+    void nonStopGoesByTheRow();
+    void nonStopSurvivesChanges();
+    void nonStopNeedsOneRow();
+    void pauseAndSliderAreNoEnd();
+    void columnsAreFittedByKey();
+    void listsAreExportedByKey_data();
+    void listsAreExportedByKey();
+    void theSongMenuOfTheLeftList();
 
 private:
     void startWithList();
@@ -292,6 +320,328 @@ void TestWindowPlaylist::listBoxOpensByKey()
     key(Qt::Key_O);
     QTRY_VERIFY(box->view()->isVisible());
     box->hidePopup();
+}
+
+static void altGrForms()
+{
+    QTest::addColumn<int>("modifiers");
+    QTest::newRow("Ctrl+Alt") << int(altGr);
+    QTest::newRow("the AltGr key") << int(Qt::GroupSwitchModifier);
+}
+
+void TestWindowPlaylist::songsAreAddedByKey_data()
+{
+    altGrForms();
+}
+
+void TestWindowPlaylist::songsAreAddedByKey()
+{
+    QFETCH(int, modifiers);
+    useLibrary();
+    start();
+    const auto add = [&] { key(Qt::Key_Insert, Qt::KeyboardModifiers::fromInt(modifiers)); };
+    add();
+    QCOMPARE(left()->list()->count(), 0);
+    select(u"Rocky Top"_qs);
+    add();
+    QCOMPARE(left()->list()->count(), 1);
+    key(Qt::Key_A, Qt::ControlModifier);
+    for (int screen = 0; screen < screenCount; ++screen) {
+        window->showScreen(screen);
+        add();
+        QCOMPARE(left()->list()->count(), 4 + 3 * screen);
+    }
+    QCOMPARE(left()->list()->songs().constFirst()->getTitle(), u"Rocky Top"_qs);
+    QVERIFY(boxes.isEmpty());
+}
+
+void TestWindowPlaylist::entriesAreRemovedByKey_data()
+{
+    altGrForms();
+}
+
+void TestWindowPlaylist::entriesAreRemovedByKey()
+{
+    QFETCH(int, modifiers);
+    startWithList();
+    const auto remove = [&] { key(Qt::Key_Delete, Qt::KeyboardModifiers::fromInt(modifiers)); };
+    remove();
+    QCOMPARE(left()->list()->count(), 3);
+    key(Qt::Key_Home, altGr);
+    remove();
+    QCOMPARE(left()->list()->count(), 2);
+    QCOMPARE(currentTitle(), u"Rocky Top"_qs);
+    QCOMPARE(leftTitle(), u"Rocky Top"_qs);
+    key(Qt::Key_End, altGr);
+    remove();
+    QCOMPARE(currentTitle(), u"Rocky Top"_qs);
+    QVERIFY(boxes.isEmpty());
+}
+
+void TestWindowPlaylist::theLastEntryLeavesNoSong()
+{
+    startWithList();
+    key(Qt::Key_Home, altGr);
+    for (int i = 0; i < 3; ++i)
+        find<QPushButton>("buttonPlaylistEntryRemoveL")->click();
+    QCOMPARE(left()->list()->count(), 0);
+    QVERIFY(!window->getCurrentSong());
+    QVERIFY(right()->selection().rows().isEmpty());
+}
+
+void TestWindowPlaylist::entriesAreRemovedWhileTheBoxIsSeen()
+{
+    startWithList();
+    key(Qt::Key_Home, altGr);
+    key(Qt::Key_L);
+    key(Qt::Key_Delete, altGr);
+    QCOMPARE(left()->list()->count(), 3);
+    key(Qt::Key_L);
+    window->showScreen(SettingsScreen);
+    key(Qt::Key_Delete, altGr);
+    QCOMPARE(left()->list()->count(), 3);
+    window->showScreen(ChoreographyScreen);
+    key(Qt::Key_Delete, altGr);
+    QCOMPARE(left()->list()->count(), 2);
+}
+
+void TestWindowPlaylist::theListIsSavedByKey_data()
+{
+    altGrForms();
+}
+
+void TestWindowPlaylist::theListIsSavedByKey()
+{
+    QFETCH(int, modifiers);
+    startWithList();
+    const auto save = [&] { key(Qt::Key_S, Qt::KeyboardModifiers::fromInt(modifiers)); };
+    const QString file = music->filePath(u"evening.m3u8"_qs);
+    int asked = 0;
+    setSaveFileChooser([&](const QString &, const QString &, const QString &) {
+        ++asked;
+        return file;
+    });
+    window->showScreen(HelpScreen);
+    save();
+    QVERIFY(QFile::exists(file));
+    QVERIFY(!left()->list()->isModified());
+    QCOMPARE(find<QComboBox>("comboBoxPlaylistSelectionL")->currentText(), u"evening.m3u8"_qs);
+    left()->list()->moveTo(0, 1);
+    save();
+    setSaveFileChooser({});
+    QCOMPARE(asked, 1);
+    QVERIFY(!left()->list()->isModified());
+    QCOMPARE(left()->list()->count(), 3);
+}
+
+void TestWindowPlaylist::quittingAsks_data()
+{
+    QTest::addColumn<QMessageBox::StandardButton>("button");
+    QTest::addColumn<bool>("quits");
+    QTest::newRow("yes, without a name") << QMessageBox::Yes << false;
+    QTest::newRow("no") << QMessageBox::No << true;
+    QTest::newRow("cancel") << QMessageBox::Cancel << false;
+}
+
+void TestWindowPlaylist::quittingAsks()
+{
+    QFETCH(QMessageBox::StandardButton, button);
+    QFETCH(bool, quits);
+    startWithList();
+    answer = button;
+    setSaveFileChooser([](const QString &, const QString &, const QString &) { return QString(); });
+    QCOMPARE(window->byeBye(), quits);
+    if (!quits)
+        QVERIFY(!window->close());
+    setSaveFileChooser({});
+    QCOMPARE(boxes.size(), quits ? 1 : 2);
+    QCOMPARE(boxes.constFirst().text,
+             u"Die Playlist<br>'&lt;Neue Playlist&gt;'<br>wurde geändert.<br>Speichern?"_qs);
+    QCOMPARE(left()->list()->count(), 3);
+    answer = QMessageBox::No;
+}
+
+void TestWindowPlaylist::bothListsAreAskedFor()
+{
+    startWithList();
+    right()->setList(tarvelo->getSongManager()->newPlaylist(music->filePath(u"r.m3u8"_qs)));
+    right()->list()->add(music->filePath(u"1.mp3"_qs));
+    answer = QMessageBox::No;
+    QVERIFY(window->byeBye());
+    QCOMPARE(boxes.size(), 2);
+    QVERIFY(boxes.at(0).text.contains(u"Neue Playlist"_qs));
+    QVERIFY(boxes.at(1).text.contains(u"'r.m3u8'"_qs));
+}
+
+void TestWindowPlaylist::oneListIsAskedForOnce()
+{
+    startWithList();
+    right()->setList(left()->list());
+    answer = QMessageBox::No;
+    QVERIFY(window->byeBye());
+    QCOMPARE(boxes.size(), 1);
+}
+
+void TestWindowPlaylist::rescanAsks_data()
+{
+    QTest::addColumn<QMessageBox::StandardButton>("button");
+    QTest::addColumn<bool>("scans");
+    QTest::newRow("no") << QMessageBox::No << true;
+    QTest::newRow("cancel") << QMessageBox::Cancel << false;
+}
+
+void TestWindowPlaylist::rescanAsks()
+{
+    QFETCH(QMessageBox::StandardButton, button);
+    QFETCH(bool, scans);
+    startWithList();
+    key(Qt::Key_Home, altGr);
+    answer = button;
+    key(Qt::Key_R, Qt::ControlModifier);
+    QCOMPARE(boxes.size(), 1);
+    QCOMPARE(left()->isVisible(), !scans);
+    QCOMPARE(window->getCurrentSong().isNull(), scans);
+    QCOMPARE(left()->list(), tarvelo->getSongManager()->getPlaylist(1));
+}
+
+// It brings the library back on the right, and with it would go what was changed there.
+void TestWindowPlaylist::thePanelsButtonAsks()
+{
+    startWithList();
+    const PlaylistPtr list = tarvelo->getSongManager()->newPlaylist(music->filePath(u"r.m3u8"_qs));
+    right()->setList(list);
+    list->add(music->filePath(u"1.mp3"_qs));
+    answer = QMessageBox::Cancel;
+    key(Qt::Key_L);
+    QCOMPARE(boxes.size(), 1);
+    QCOMPARE(right()->list(), list);
+    answer = QMessageBox::No;
+    key(Qt::Key_L);
+    QCOMPARE(right()->list(), tarvelo->getSongManager()->getPlaylist(0));
+    QVERIFY(!list->isModified());
+}
+
+// A song that stands in the list twice is played twice.
+void TestWindowPlaylist::nonStopGoesByTheRow()
+{
+    startWithList();
+    left()->model()->addSongs({left()->model()->song(1), left()->model()->song(1)});
+    find<QPushButton>("buttonPlaylistNonStop")->click();
+    key(Qt::Key_End, altGr);
+    key(Qt::Key_Up, altGr);
+    QCOMPARE(left()->selection().row(), 4);
+    QSignalSpy starts(tarvelo->getPlayer(), &Player::requestStart);
+    endSong();
+    QCOMPARE(left()->selection().row(), 5);
+    QCOMPARE(currentTitle(), u"Äpfel"_qs);
+    QCOMPARE(starts.size(), 1);
+    key(Qt::Key_S);
+}
+
+void TestWindowPlaylist::nonStopSurvivesChanges()
+{
+    startWithList();
+    find<QPushButton>("buttonPlaylistNonStop")->click();
+    key(Qt::Key_Home, altGr);
+    find<QPushButton>("buttonPlaylistEntryMoveDownL")->click();
+    QCOMPARE(left()->selection().row(), 2);
+    right()->selection().selectAll();
+    key(Qt::Key_Insert, altGr);
+    QCOMPARE(left()->list()->count(), 6);
+    endSong();
+    QCOMPARE(left()->selection().row(), 3);
+    QCOMPARE(currentTitle(), u"Cotton Eyed Joe"_qs);
+    key(Qt::Key_S);
+}
+
+void TestWindowPlaylist::nonStopNeedsOneRow()
+{
+    startWithList();
+    find<QPushButton>("buttonPlaylistNonStop")->click();
+    key(Qt::Key_Home, altGr);
+    const SongPtr song = window->getCurrentSong();
+    QSignalSpy starts(tarvelo->getPlayer(), &Player::requestStart);
+    left()->selection().clear();
+    endSong();
+    left()->setList(tarvelo->getSongManager()->getPlaylist(0));
+    left()->selection().selectAll();
+    endSong();
+    QCOMPARE(left()->selection().rows().size(), 3);
+    QCOMPARE(window->getCurrentSong(), song);
+    QCOMPARE(starts.size(), 0);
+}
+
+void TestWindowPlaylist::pauseAndSliderAreNoEnd()
+{
+    startWithList();
+    find<QPushButton>("buttonPlaylistNonStop")->click();
+    key(Qt::Key_Home, altGr);
+    const SongPtr song = window->getCurrentSong();
+    auto *slider = find<QSlider>("horizontalSliderPosition");
+    QVERIFY(slider);
+    slider->setSliderDown(true);
+    endSong();
+    QCOMPARE(window->getCurrentSong(), song);
+    slider->setSliderDown(false);
+    key(Qt::Key_S);
+    endSong();
+    QVERIFY(window->getCurrentSong() != song);
+    key(Qt::Key_S);
+}
+
+void TestWindowPlaylist::columnsAreFittedByKey()
+{
+    useLibrary();
+    start();
+    right()->table()->setColumnWidth(YearColumn, 300);
+    key(Qt::Key_W, Qt::AltModifier);
+    QCOMPARE(right()->table()->columnWidth(YearColumn),
+             QFontMetrics(right()->table()->font()).horizontalAdvance(u"8888"_qs) + 10);
+}
+
+void TestWindowPlaylist::listsAreExportedByKey_data()
+{
+    QTest::addColumn<int>("modifiers");
+    QTest::addColumn<int>("columns");
+    QTest::newRow("short") << 0 << 4;
+    QTest::newRow("long") << int(Qt::ShiftModifier) << 19;
+}
+
+void TestWindowPlaylist::listsAreExportedByKey()
+{
+    QFETCH(int, modifiers);
+    QFETCH(int, columns);
+    useLibrary();
+    start();
+    const auto text = [&] {
+        key(Qt::Key_X, Qt::KeyboardModifiers::fromInt(modifiers));
+        return QGuiApplication::clipboard()->text().split(u'\n');
+    };
+    QCOMPARE(text().size(), 5);
+    select(u"Rocky Top"_qs);
+    const QStringList lines = text();
+    QCOMPARE(lines.size(), 3);
+    QVERIFY(lines.at(1).startsWith(u"\"Rocky Top\"\t"_qs));
+    QCOMPARE(lines.at(1).count(u'\t'), columns - 1);
+    QCOMPARE(boxes.size(), 2);
+    QVERIFY(boxes.constFirst().text.startsWith(u"Die Liste wurde in die Windows"_qs));
+}
+
+// The actions go by the library's selection: it is that of the left list then.
+void TestWindowPlaylist::theSongMenuOfTheLeftList()
+{
+    startWithList();
+    select(u"Cotton Eyed Joe"_qs);
+    FrozenTableView *table = left()->table();
+    const QPoint place = table->visualRect(left()->filter()->index(2, 0)).center();
+    QTest::mouseClick(table->viewport(), Qt::RightButton, {}, place);
+    QContextMenuEvent event(QContextMenuEvent::Mouse, place, table->viewport()->mapToGlobal(place));
+    QApplication::sendEvent(table->viewport(), &event);
+    QWidget *menu = QApplication::activePopupWidget();
+    QVERIFY(menu);
+    QCOMPARE(leftTitle(), u"Rocky Top"_qs);
+    QCOMPARE(right()->selection().song(), left()->selection().song());
+    menu->close();
 }
 
 TARVELO_TEST_MAIN(TestWindowPlaylist, QApplication)
