@@ -96,7 +96,8 @@ void SongTableColumns::popupMenu(QPoint global, int column)
 {
     if (column < 0)
         return;
-    auto *menu = new QMenu(view);
+    // The table has a style of its own, which a menu must not take over.
+    auto *menu = new QMenu(view->window());
     menu->setAttribute(Qt::WA_DeleteOnClose);
     menu->addAction(tr("Breite anpassen"), this, [this, column] { fit({column}); });
     QAction *hide
