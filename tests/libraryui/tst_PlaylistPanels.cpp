@@ -664,11 +664,15 @@ void TestPlaylistPanels::removingAnEntry()
 
 void TestPlaylistPanels::theLibraryLosesNothing()
 {
+    QFile file(songs->music.filePath(u"a"_s));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.close();
     select(*right, 1);
     QVERIFY(!isEnabled(*right, u"EntryRemove"_s));
     right->carryOut(PlaylistTask::RemoveEntry);
     right->carryOut(PlaylistTask::MoveDown);
     QCOMPARE(shown(*right), u"abc"_s);
+    QVERIFY(file.exists());
 }
 
 void TestPlaylistPanels::movingEntries()
