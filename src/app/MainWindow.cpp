@@ -61,6 +61,8 @@ MainWindow::MainWindow(Tarvelo *application, QWidget *parent)
         showInfo(tr("Bitte wähle das Verzeichnis Deiner Clogging-Musiksammlung (Musikverzeichnis "
                     "-> Bearbeiten). Die meisten anderen Einstellungen können auch später noch "
                     "vorgenomen werden."));
+    if (settings.flag(Settings::Key::AutoEvent))
+        onButtonSetEvent_clicked();
     startingUp = false;
     positionsPage->setStartingUp(false);
 }
@@ -343,11 +345,21 @@ bool MainWindow::byeBye()
     saveSettings();
     if (startingUp) {
         quitRequested = true;
+        closeQuestions();
         return true;
     }
     leaving = true;
     QCoreApplication::quit();
     return true;
+}
+
+// No event loop ends that hasn't begun: a question without its window would wait for ever.
+void MainWindow::closeQuestions()
+{
+    while (QWidget *question = QApplication::activeModalWidget()) {
+        if (!question->close())
+            return;
+    }
 }
 
 void MainWindow::closeEvent(QCloseEvent *event)

@@ -95,6 +95,8 @@ public Q_SLOTS:
     void moveSongFile();
     // The selected song becomes the current one, and its file goes to the clipboard.
     void copyFileToBuffer();
+    // Asks for the event under which plays are registered from now on.
+    void onButtonSetEvent_clicked();
 
 protected:
     void changeEvent(QEvent *event) override;
@@ -149,6 +151,7 @@ private:
     void selectInOtherTable(const SongPtr &song);
     void warnOfUnwritableMusicDir();
     void warnOfMissingLanguages();
+    void closeQuestions();
     void refreshMusicList();
     void startClock();
     void showTime();

@@ -3,6 +3,9 @@
 #include "Actions.h"
 #include "BottomFrame.h"
 #include "ChoreographyPage.h"
+#include "DialogRunner.h"
+#include "EventEditor.h"
+#include "EventRules.h"
 #include "FileTools.h"
 #include "FrozenTableView.h"
 #include "LibraryPage.h"
@@ -15,6 +18,7 @@
 #include "SongFileExport.h"
 #include "SongListPanel.h"
 #include "SongListTableModel.h"
+#include "Tarvelo.h"
 #include "TempoTexts.h"
 #include "TimeTexts.h"
 #include "TopFrame.h"
@@ -329,6 +333,18 @@ void MainWindow::writeExport(const QString &target)
         showError(tr("Die Datei<br>%1<br>kann nicht geschrieben werden. Der Song ist unverändert. "
                      "Bitte wähle ein anderes Verzeichnis.")
                       .arg(fileNameAsHtml(target)));
+}
+
+void MainWindow::onButtonSetEvent_clicked()
+{
+    std::shared_ptr<DanceEvent> event = getCurrentDanceEvent();
+    if (!event)
+        event = DanceEvent::createDefault();
+    EventEditor editor(this, event, false, eventCategories(app->getSongManager()->getSongs()),
+                       false, 0);
+    if (runDialog(editor) == QDialog::Accepted)
+        setCurrentDanceEvent(event);
+    takeFocusBack();
 }
 
 void MainWindow::on_newTimeStamp(int ms)
