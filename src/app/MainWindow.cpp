@@ -83,6 +83,10 @@ void MainWindow::buildUi()
     central->setFocusPolicy(Qt::StrongFocus);
     setCentralWidget(central);
     actions = new Actions(this);
+    themeTimer = new QTimer(this);
+    themeTimer->setSingleShot(true);
+    themeTimer->setInterval(0);
+    connect(themeTimer, &QTimer::timeout, this, &MainWindow::applyThemeNow);
     frameTop = new TopFrame(central);
     QWidget *frameCenter = buildCenter();
     frameSlider = new PositionSlider(central);
@@ -171,13 +175,7 @@ void MainWindow::createConnections()
             positionsPage->refreshPositionsWindow();
     });
 
-    connect(settingsPage, &SettingsPage::musicDirChosen, this, &MainWindow::changeMusicDir);
-    connect(settingsPage, &SettingsPage::fontSizeChanged, this, &MainWindow::changeFontSize);
-    connect(settingsPage, &SettingsPage::frameSizeChanged, this, &MainWindow::changeFrameSize);
-    connect(settingsPage, &SettingsPage::maxFontSizePositionsChanged, this, [this](int points) {
-        positionsPage->setMaxFontSize(points);
-        takeFocusBack();
-    });
+    connectSettingsPage();
 }
 
 void MainWindow::connectPlayer()
@@ -326,6 +324,7 @@ void MainWindow::decoupledStartActions()
     stackedWidget->setCurrentIndex(ChoreographyScreen);
     showScreen(settingsLoaded ? LibraryScreen : SettingsScreen);
     adaptToFrameHeight(settingsPage->frameSize());
+    applyThemeNow();
 }
 
 // Two panels may show one list.
@@ -396,6 +395,8 @@ void MainWindow::enterScreen(int screen)
     framePlaylist->setVisible(playlistShown && screen <= ChoreographyScreen);
     if (screen == PositionsScreen)
         positionsPage->enter();
+    if (screen == SettingsScreen)
+        fillSettingsTab();
 }
 
 void MainWindow::stepScreen(int step)
@@ -498,6 +499,7 @@ void MainWindow::changeEvent(QEvent *event)
 void MainWindow::setLanguage(const QString &language)
 {
     languages.setLanguage(language == QStringLiteral("de") ? language : QStringLiteral("en"));
+    settingsPage->setValue(Settings::Key::Language, languages.language());
     QTimer::singleShot(50, this, &MainWindow::refreshFilterStats);
 }
 
@@ -555,10 +557,10 @@ void MainWindow::adaptPositionsHeader()
         setWindowTitle(QStringLiteral("Tarvelo ") + Version::shortText());
         return;
     }
-    const PositionsHeader header
-        = positionsHeader(*currentSong, settings.text(Settings::Key::HighIntermediate),
-                          settings.flag(Settings::Key::ShowMoreLyricsInfo),
-                          [this](const QString &text) { return frameTop->elideForInfo(text); });
+    const PositionsHeader header = positionsHeader(
+        *currentSong, settingsPage->value(Settings::Key::HighIntermediate).toString(),
+        settings.flag(Settings::Key::ShowMoreLyricsInfo),
+        [this](const QString &text) { return frameTop->elideForInfo(text); });
     frameTop->setSongTexts(header);
     setWindowTitle(header.windowTitle);
 }

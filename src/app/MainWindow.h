@@ -23,6 +23,7 @@ class PositionSlider;
 class PositionsPage;
 class QSplitter;
 class QStackedWidget;
+class QTimer;
 class SettingsPage;
 class SongFileActions;
 class SongListPanel;
@@ -98,6 +99,10 @@ public Q_SLOTS:
     // Asks for the event under which plays are registered from now on.
     void onButtonSetEvent_clicked();
 
+Q_SIGNALS:
+    // The user wants to name the event under which songs are played from now on.
+    void eventWanted();
+
 protected:
     void changeEvent(QEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
@@ -113,6 +118,10 @@ private:
 
     struct Route;
     static const Route routes[];
+    struct SettingEffect;
+    static const SettingEffect settingEffects[];
+    struct SettingsRequest;
+    static const SettingsRequest settingsRequests[];
 
     void buildUi();
     QWidget *buildCenter();
@@ -164,20 +173,44 @@ private:
     void restoreWindow();
     void restoreColumns();
     void applyTheme();
+    void applyThemeNow();
+    void applyThemeSoon();
     // Height of the top frame in pixels, within 20 to 80; answers the height in force.
     int adaptToFrameHeight(int height);
     // What is in force instead of a height that the frame can't have; nothing for one that it can.
     std::optional<int> heightInstead(int height) const;
     void setFrameHeights(int height);
     void stepFrameHeight(int pixels);
-    void changeMusicDir(const QString &directory);
-    void changeFontSize(int points);
+    void changeFontSize();
     void changeFrameSize(int pixels);
     void stepTimeDisplay();
     void stepBpmDisplay();
     int tempoPreset(int number) const;
     void writeTempoPresetTexts();
     void adaptTempoPresetChecks();
+
+    void connectSettingsPage();
+    void fillSettingsPage();
+    void collectSettingsPage();
+    void changeSetting(Settings::Key key, const QVariant &value);
+    void retellColumns(int column);
+    void changeLevelName(const QString &name);
+    void changeTempoPresets();
+    void setTimeDisplayMode(int mode);
+    void chooseMusicDir();
+    void fitFirstColumns();
+    void choosePlaylistDir();
+    void setPlaylistDir(const QString &directory);
+    void switchCache(bool on);
+    void chooseCacheDir();
+    void setDefaultCacheDir();
+    void setCacheDir(const QString &directory);
+    void clearCache();
+    void storeCacheDir(const QString &directory);
+    void clearLog();
+    void fillSettingsTab();
+    void updateSystemInfo();
+    void updateLogText();
 
     // By so many milliseconds; only while the song plays, and not beyond its ends.
     void seek(int ms);
@@ -229,6 +262,7 @@ private:
     int undoIndex = 0;
 
     double screenDpi = -1.0;
+    QTimer *themeTimer = nullptr; // runs out when the events at hand are dealt with
     Actions *actions = nullptr;
     TopFrame *frameTop = nullptr;
     PositionSlider *frameSlider = nullptr;

@@ -24,6 +24,7 @@
 #include <QScreen>
 #include <QSettings>
 #include <QSplitter>
+#include <QTimer>
 
 #include <algorithm>
 
@@ -97,18 +98,17 @@ void MainWindow::restoreColumns()
 void MainWindow::applySettings()
 {
     setFrameHeights(settings.number(Key::FrameHeight));
+    fillSettingsPage();
     settingsPage->setFrameSize(settings.number(Key::FrameHeight));
     buttonFrame->setTimeDisplayMode(settings.number(Key::TimeDisplayMode));
-    settingsPage->setFontSize(settings.number(Key::FontSize));
-    settingsPage->setMaxFontSizePositions(settings.number(Key::MaxFontSizeLyrics));
-    settingsPage->setMusicDir(settings.text(Key::MusicDir));
     applyColumnSettings();
     positionsPage->setMaxFontSize(settingsPage->maxFontSizePositions());
     positionsPage->setVerticalAlignment(
         Qt::Alignment::fromInt(settings.number(Key::PositionAlignment)));
     positionsPage->setFullWidth(settings.flag(Key::LyricsFullPage));
     frameTop->setFullWidth(settings.flag(Key::LyricsFullPage));
-    SongListTableModel::setHighIntermediateName(settings.text(Key::HighIntermediate));
+    SongListTableModel::setHighIntermediateName(
+        settingsPage->value(Key::HighIntermediate).toString());
     frameSlider->setVisible(settings.flag(Key::ShowSlider));
     actions->action(ActionId::Slider)->setChecked(settings.flag(Key::ShowSlider));
     framePlaylist->setNonStop(settings.flag(Key::PlaylistNonStop));
@@ -160,10 +160,7 @@ void MainWindow::writeTempoPresetTexts()
 
 void MainWindow::stepTimeDisplay()
 {
-    const int mode = (buttonFrame->timeDisplayMode() + 1) % timeDisplayModes;
-    buttonFrame->setTimeDisplayMode(mode);
-    Settings::setValue(Key::TimeDisplayMode, mode);
-    Settings::instance()->sync();
+    setTimeDisplayMode((buttonFrame->timeDisplayMode() + 1) % timeDisplayModes);
 }
 
 void MainWindow::stepBpmDisplay()
@@ -219,9 +216,26 @@ int MainWindow::adaptToFrameHeight(int height)
     if (const auto other = heightInstead(height))
         return *other;
     setFrameHeights(height);
-    applyTheme();
-    adaptPositionsHeader();
+    applyThemeSoon();
     return height;
+}
+
+// A theme keeps the window busy for longer than anything else: what asks for it in one pass of the
+// event loop, such as a key that is held, gets it once.
+void MainWindow::applyThemeSoon()
+{
+    if (startingUp)
+        applyThemeNow();
+    else
+        themeTimer->start();
+}
+
+void MainWindow::applyThemeNow()
+{
+    themeTimer->stop();
+    applyTheme();
+    // Another font leaves the texts more room or less.
+    adaptPositionsHeader();
 }
 
 void MainWindow::setFrameHeights(int height)
@@ -241,17 +255,12 @@ void MainWindow::stepFrameHeight(int pixels)
     saveSettings();
 }
 
-void MainWindow::changeFontSize(int points)
+void MainWindow::changeFontSize()
 {
-    settings.set(Key::FontSize, points);
     if (startingUp)
         return;
-    // Applying a theme is the longest that the window is ever busy: once is enough.
-    if (heightInstead(frameTop->height()))
-        applyTheme();
-    else
-        adaptToFrameHeight(frameTop->height());
-    takeFocusBack();
+    adaptToFrameHeight(frameTop->height());
+    applyThemeSoon();
 }
 
 void MainWindow::changeFrameSize(int pixels)
@@ -260,22 +269,6 @@ void MainWindow::changeFrameSize(int pixels)
         return;
     adaptToFrameHeight(pixels);
     saveSettings();
-    takeFocusBack();
-}
-
-void MainWindow::changeMusicDir(const QString &directory)
-{
-    const bool sameForPlaylists = settings.text(Key::MusicDir) == settings.text(Key::PlaylistDir);
-    settings.set(Key::MusicDir, directory);
-    if (sameForPlaylists)
-        settings.set(Key::PlaylistDir, directory);
-    if (settings.text(Key::PosImExDir).isEmpty())
-        settings.set(Key::PosImExDir, directory);
-    for (const Key key : {Key::PlaylistDir, Key::MusicDir, Key::PosImExDir})
-        Settings::setValue(key, settings.text(key));
-    Settings::instance()->sync();
-    refreshAllLists();
-    settingsLoaded = true;
 }
 
 void MainWindow::collectSettings()
@@ -287,8 +280,7 @@ void MainWindow::collectSettings()
     settings.set(Key::PlaylistNonStop, framePlaylist->isNonStop());
     settings.set(Key::MainWindowGeometry, saveGeometry());
     settings.set(Key::MainWindowState, saveState());
-    settings.set(Key::FontSize, settingsPage->fontSize());
-    settings.set(Key::MaxFontSizeLyrics, settingsPage->maxFontSizePositions());
+    collectSettingsPage();
     settings.set(Key::FrameHeight, frameTop->height());
     for (const ColumnSetting &column : columnSettings)
         settings.set(column.key, actions->action(column.action)->isChecked());

@@ -77,7 +77,6 @@ private Q_SLOTS:
     void factoryReset_data();
     void factoryReset();
     void windowPositionsAreForgotten();
-    void choosingTheMusicDirectoryReadsIt();
     void firstRunLeavesTheMusicDirectoryAlone();
     void alignmentFollowsTheStore();
     void scanCannotBeEndedOrDoubled();
@@ -398,21 +397,6 @@ void TestStartAndEnd::windowPositionsAreForgotten()
     QCOMPARE(boxes.constLast().text,
              QStringLiteral("Alle Fensterpositionen sind auf Werkseinstellung zurückgesetzt "
                             "worden."));
-}
-
-void TestStartAndEnd::choosingTheMusicDirectoryReadsIt()
-{
-    useLibrary();
-    Settings::setValue(Key::MusicDir, QString());
-    Settings::setValue(Key::PlaylistDir, QString());
-    start();
-    QVERIFY(tarvelo->getSongManager()->getSongs().isEmpty());
-    Q_EMIT find<SettingsPage>("tabWidgetSettings")->musicDirChosen(music->path());
-    QCOMPARE(tarvelo->getSongManager()->getSongs().size(), 3);
-    // Directories that were the same stay the same; the exchange directory starts there.
-    QCOMPARE(Settings::musicDir(), music->path());
-    QCOMPARE(Settings::playlistDir(), music->path());
-    QCOMPARE(Settings::posImExDir(), music->path());
 }
 
 void TestStartAndEnd::firstRunLeavesTheMusicDirectoryAlone()

@@ -205,7 +205,7 @@ void TestWindowFrames::fontSizeByKeys()
     QCOMPARE(size->value(), 15);
     key(Qt::Key_Plus, Qt::AltModifier);
     QCOMPARE(size->value(), 16);
-    QVERIFY(qApp->styleSheet().contains(u"font-size: 16pt"_qs));
+    QTRY_VERIFY(qApp->styleSheet().contains(u"font-size: 16pt"_qs));
     key(Qt::Key_Minus, Qt::AltModifier);
     key(Qt::Key_Minus, Qt::AltModifier);
     QCOMPARE(size->value(), 14);

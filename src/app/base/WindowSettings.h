@@ -29,6 +29,7 @@ public:
     // "de" or "en".
     QString languageCode() const;
 
+    QVariant value(Settings::Key key) const { return values.value(key); }
     int number(Settings::Key key) const { return values.value(key).toInt(); }
     bool flag(Settings::Key key) const { return values.value(key).toBool(); }
     QString text(Settings::Key key) const { return values.value(key).toString(); }
