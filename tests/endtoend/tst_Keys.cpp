@@ -7,6 +7,7 @@
 #include "WindowFixture.h"
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QLineEdit>
 #include <QSpinBox>
 
@@ -35,6 +36,7 @@ private Q_SLOTS:
     void altGrTypesIntoTheField();
     void screensGoRound();
     void keysWorkBesideTheField();
+    void settingsWithoutAMouse();
 
 private:
     void startWithList();
@@ -139,13 +141,46 @@ void TestKeys::keysWorkBesideTheField()
 {
     startWithList();
     window->showScreen(SettingsScreen);
+    QVERIFY(Keyboard::press({u"F4"_qs}));
     auto *size = find<QSpinBox>("spinBoxMaxFontSizePositions");
+    QTRY_VERIFY(size->isVisible());
     size->setFocus();
     QVERIFY(Keyboard::press({u"Up"_qs}));
     QTRY_COMPARE(size->value(), 71);
     size->setFocus();
     QVERIFY(Keyboard::press({u"ctrl+Tab"_qs}));
     QTRY_COMPARE(window->currentScreen(), static_cast<int>(HelpScreen));
+}
+
+// Into the settings screen, through its first fields, and out again, without a mouse.
+void TestKeys::settingsWithoutAMouse()
+{
+    startWithList();
+    QVERIFY(Keyboard::press({u"F4"_qs}));
+    QTRY_COMPARE(window->currentScreen(), static_cast<int>(SettingsScreen));
+    const auto *first = find<QCheckBox>("checkBoxAutoUpdate");
+    const bool checked = first->isChecked();
+    QVERIFY(Keyboard::press({u"Tab"_qs}));
+    QTRY_VERIFY(first->hasFocus());
+    QVERIFY(Keyboard::press({u"space"_qs}));
+    QTRY_COMPARE(first->isChecked(), !checked);
+    QVERIFY(first->hasFocus());
+    QVERIFY(Keyboard::press({u"plus"_qs}));
+    QTRY_COMPARE(window->getTempo(), 1);
+    auto *seconds = find<QSpinBox>("spinBoxRegisterPlay");
+    for (int tries = 0; tries < 10 && !seconds->hasFocus(); ++tries) {
+        QVERIFY(Keyboard::press({u"Tab"_qs}));
+        QTest::qWait(50);
+    }
+    QVERIFY(seconds->hasFocus());
+    const int before = seconds->value();
+    QVERIFY(Keyboard::press({u"Up"_qs}));
+    QTRY_COMPARE(seconds->value(), before + 1);
+    QVERIFY(seconds->hasFocus());
+    QVERIFY(Keyboard::press({u"Escape"_qs}));
+    QTRY_VERIFY(window->centralWidget()->hasFocus());
+    QVERIFY(Keyboard::press({u"F1"_qs}));
+    QTRY_COMPARE(window->currentScreen(), static_cast<int>(LibraryScreen));
 }
 
 TARVELO_TEST_MAIN(TestKeys, QApplication)
