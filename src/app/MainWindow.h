@@ -99,10 +99,6 @@ public Q_SLOTS:
     // Asks for the event under which plays are registered from now on.
     void onButtonSetEvent_clicked();
 
-Q_SIGNALS:
-    // The user wants to name the event under which songs are played from now on.
-    void eventWanted();
-
 protected:
     void changeEvent(QEvent *event) override;
     void closeEvent(QCloseEvent *event) override;

@@ -11,6 +11,7 @@
 #include "PositionsPage.h"
 #include "Settings.h"
 #include "SettingsPage.h"
+#include "SongColumns.h"
 #include "SongListPanel.h"
 #include "SongListTableModel.h"
 #include "SystemInfo.h"
@@ -94,7 +95,7 @@ const MainWindow::SettingsRequest MainWindow::settingsRequests[] = {
     // There is no server to ask yet.
     {SettingsButton::SearchForUpdates, [](MainWindow &) { showNotImplemented(); }},
     {SettingsButton::TestUpdate, [](MainWindow &) { showNotImplemented(); }},
-    {SettingsButton::SetEvent, [](MainWindow &w) { Q_EMIT w.eventWanted(); }},
+    {SettingsButton::SetEvent, [](MainWindow &w) { w.onButtonSetEvent_clicked(); }},
     {SettingsButton::MusicDir, [](MainWindow &w) { w.chooseMusicDir(); }},
     {SettingsButton::PlaylistDir, [](MainWindow &w) { w.choosePlaylistDir(); }},
     {SettingsButton::CacheDir, [](MainWindow &w) { w.chooseCacheDir(); }},
@@ -235,8 +236,8 @@ void MainWindow::chooseMusicDir()
 // The library's first songs: its columns get the widths that they need.
 void MainWindow::fitFirstColumns()
 {
-    carryOut({Command::FitColumns, 0});
-    libraryPage->songList()->table()->sortByColumn(0, Qt::AscendingOrder);
+    libraryPage->songList()->fitAllColumns();
+    libraryPage->songList()->table()->sortByColumn(TitleColumn, Qt::AscendingOrder);
 }
 
 void MainWindow::choosePlaylistDir()
