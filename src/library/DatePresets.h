@@ -13,6 +13,8 @@ struct DateSpan
 
     bool isValid() const { return from.isValid() && to.isValid(); }
     bool contains(QDate date) const { return isValid() && date >= from && date <= to; }
+
+    friend bool operator==(const DateSpan &, const DateSpan &) = default;
 };
 
 // What a preset is measured against.

@@ -15,6 +15,8 @@ struct FilterTerms
     QDate today;
     DateSpan fileDates;  // for the date of the file
     DateSpan eventDates; // for the dates of the events
+
+    friend bool operator==(const FilterTerms &, const FilterTerms &) = default;
 };
 
 // What a column holds of one song.

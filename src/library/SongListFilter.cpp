@@ -7,6 +7,7 @@
 #include <QScopedValueRollback>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -38,9 +39,15 @@ void SongListFilter::followChanges()
     connect(this, &QAbstractItemModel::layoutAboutToBeChanged, this, &SongListFilter::noteNewOrder);
 }
 
-void SongListFilter::noteRowsChanged()
+void SongListFilter::noteChange()
 {
     asked = false;
+    settled = false;
+}
+
+void SongListFilter::noteRowsChanged()
+{
+    noteChange();
     keys.clear();
     prepared.rowsChanged();
     idle.start();
@@ -48,7 +55,7 @@ void SongListFilter::noteRowsChanged()
 
 void SongListFilter::noteSongsChanged(const QModelIndex &first, const QModelIndex &last)
 {
-    asked = false;
+    noteChange();
     // The filter row has no place in the order.
     if (last.row() == 0)
         return;
@@ -60,7 +67,7 @@ void SongListFilter::noteNewOrder()
 {
     if (applying)
         return;
-    asked = false;
+    noteChange();
     keys.clear();
     prepared.songsChanged();
 }
@@ -83,7 +90,7 @@ void SongListFilter::prepareKeys(int column) const
 void SongListFilter::setSource(const FilterSource *source)
 {
     filterSource = source;
-    asked = false;
+    noteChange();
 }
 
 void SongListFilter::setGlobalSearchEnabled(bool enabled)
@@ -105,12 +112,15 @@ void SongListFilter::setDateRange(int column, QDate from, QDate to)
 // The view draws all rows anew: to tell it of each row that comes or goes would take far longer.
 void SongListFilter::applyFilters()
 {
+    const std::vector<char> before = answers;
     takeQuestion();
     forgetOldKeys();
-    {
+    const bool sameOrder = sortColumn() < 0 || keys.arePrepared();
+    if (!settled || !sameOrder || answers != before) {
         const QScopedValueRollback<bool> own(applying, true);
         invalidate();
     }
+    settled = true;
     Q_EMIT filtersApplied();
 }
 
@@ -127,10 +137,31 @@ void SongListFilter::forgetOldKeys()
 
 void SongListFilter::takeQuestion() const
 {
-    question = ask();
+    const Question before = std::exchange(question, ask());
     asked = true;
-    if (!question.everything)
-        prepared.renew();
+    if (question.everything)
+        return answers.clear();
+    const quint64 preparedBefore = prepared.count();
+    prepared.renew();
+    const bool canNarrow = settled && prepared.count() == preparedBefore;
+    if (!canNarrow || !question.narrows(before))
+        answers.assign(static_cast<std::size_t>(model->rowCount()), true);
+    answer();
+}
+
+// Each letter more leaves fewer songs to look at.
+void SongListFilter::answer() const
+{
+    for (std::size_t row = 1; row < answers.size(); ++row)
+        if (answers[row])
+            answers[row] = passes(static_cast<int>(row));
+}
+
+// More letters make a word longer, or another word: only quotes may turn it into something else.
+bool SongListFilter::Question::narrows(const Question &other) const
+{
+    return !other.everything && text.startsWith(other.text) && !text.contains(u'"')
+           && filterTexts == other.filterTexts && terms == other.terms;
 }
 
 SongListFilter::Question SongListFilter::ask() const
@@ -139,10 +170,13 @@ SongListFilter::Question SongListFilter::ask() const
     if (filterSource && filterSource->isStartingUp())
         return asking;
     if (filterSource && globalSearchEnabled)
-        asking.search = SearchQuery(filterSource->searchText());
-    for (const SongColumnRow &row : songColumns())
-        if (const QString text = model->filterText(row.column); !text.isEmpty())
-            asking.filters.emplace_back(row.column, text);
+        asking.text = filterSource->searchText();
+    asking.search = SearchQuery(asking.text);
+    for (const SongColumnRow &row : songColumns()) {
+        asking.filterTexts.append(model->filterText(row.column));
+        if (!asking.filterTexts.constLast().isEmpty())
+            asking.filters.emplace_back(row.column, asking.filterTexts.constLast());
+    }
     asking.everything = asking.search.isEmpty() && asking.filters.empty();
     asking.terms.today = Clock::today();
     asking.terms.fileDates = fileDates;
@@ -159,10 +193,10 @@ bool SongListFilter::filterAcceptsRow(int sourceRow, const QModelIndex &) const
     // Once for all rows: who changes what is asked, or a song, tells so.
     if (!asked)
         takeQuestion();
-    return question.everything || answers(sourceRow);
+    return question.everything || answers[static_cast<std::size_t>(sourceRow)];
 }
 
-bool SongListFilter::answers(int sourceRow) const
+bool SongListFilter::passes(int sourceRow) const
 {
     const PreparedSong &song = prepared.at(sourceRow);
     return question.search.matches(song.searchTexts())

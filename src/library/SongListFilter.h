@@ -61,9 +61,14 @@ private:
     struct Question
     {
         bool everything = true;
+        QString text;
+        QStringList filterTexts;
         SearchQuery search;
         std::vector<ColumnFilter> filters;
         FilterTerms terms;
+
+        // True when it can be answered by yes only where the other one was.
+        bool narrows(const Question &other) const;
     };
 
     void followChanges();
@@ -72,10 +77,12 @@ private:
     void noteNewOrder();
     void prepareInIdleTime();
     void prepareKeys(int column) const;
+    void noteChange();
     void forgetOldKeys();
     Question ask() const;
     void takeQuestion() const;
-    bool answers(int sourceRow) const;
+    void answer() const;
+    bool passes(int sourceRow) const;
 
     SongListTableModel *model;
     const FilterSource *filterSource = nullptr;
@@ -87,6 +94,9 @@ private:
     mutable PreparedSongs prepared;
     mutable bool asked = false;
     mutable Question question;
+    mutable std::vector<char> answers; // a yes or no for each row; nothing for a yes to everything
+    // The proxy shows just what was answered, and nothing has changed since.
+    bool settled = false;
     mutable SongSortKeys keys;
     // How many songs had been prepared when the keys were made.
     mutable quint64 preparedForKeys = 0;

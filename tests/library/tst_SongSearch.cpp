@@ -27,6 +27,8 @@ private Q_SLOTS:
 
     void sameAsThePlainRule_data();
     void sameAsThePlainRule();
+    void letterByLetter_data();
+    void letterByLetter();
     void changedSongsAreFoundAsTheyAre_data();
     void changedSongsAreFoundAsTheyAre();
     void changesWithinAnEvent();
@@ -296,6 +298,55 @@ void TestSongSearch::sameAsThePlainRule()
     // Neither of them is the rule.
     QVERIFY(shown > 1500);
     QVERIFY(left > 1500);
+}
+
+void TestSongSearch::letterByLetter_data()
+{
+    QTest::addColumn<QString>("typed");
+    for (const QString &typed : {u"rocky u\u0308ber \u00c9lan"_s, u"\"fancy double\" r"_s,
+                                 u"a\"b c\"d"_s, u"u\u0308\u0301b"_s, u"  basic  (down)"_s,
+                                 u"20240 2"_s, u"- rock-step"_s, u"\u0436ro"_s, u"\"\" x"_s})
+        QTest::newRow(qPrintable(typed)) << typed;
+}
+
+// Also while songs, filters and rows change between two letters.
+void TestSongSearch::letterByLetter()
+{
+    QFETCH(QString, typed);
+    QRandomGenerator random(static_cast<quint32>(typed.size()));
+    fill(150, random);
+    show();
+    filter->sort(TitleColumn);
+    PlainSongFilter plain(*model);
+    plain.today = Clock::today();
+    const auto check = [&](const QString &text) {
+        plain.search = text;
+        search(text);
+        for (int row = 0; row < model->rowCount(); ++row)
+            QCOMPARE(filter->mapFromSource(model->index(row, 0)).isValid(), plain.accepts(row));
+    };
+    for (int round = 0; round < 6; ++round) {
+        for (qsizetype length = 0; length <= typed.size(); ++length) {
+            check(typed.left(length));
+            const SongPtr song = model->song(1 + random.bounded(100));
+            if (round % 2 == 1)
+                song->setTitle(typed.mid(length - 1, 6) + someText(random, 2));
+            if (round == 2)
+                song->getDanceEvents().append(
+                    std::make_shared<DanceEvent>(u"Show"_s, typed, QString()));
+            if (round == 3)
+                model->setFilterText(pick(random, {QString(), u"o"_s}), ArtistColumn);
+            if (round == 4 && length % 5 == 4) {
+                put(u"new %1"_s.arg(length))->setTitle(typed);
+                show();
+            }
+            if (round == 5)
+                model->setFilterText(random.bounded(2) == 0 ? u"\u2713"_s : QString(),
+                                     HasPositionsColumn);
+        }
+        for (qsizetype length = typed.size(); length >= 0; --length)
+            check(typed.left(length));
+    }
 }
 
 void TestSongSearch::changedSongsAreFoundAsTheyAre_data()

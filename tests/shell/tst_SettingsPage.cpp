@@ -789,14 +789,14 @@ void TestSettingsPage::notYet()
 void TestSettingsPage::eventButton()
 {
     startAtSettings();
-    int asked = 0;
-    setDialogRunner([&asked](QDialog &) {
-        ++asked;
+    int questions = 0;
+    setDialogRunner([&questions](QDialog &) {
+        ++questions;
         return int(QDialog::Rejected);
     });
     click("buttonSetEvent");
     setDialogRunner({});
-    QCOMPARE(asked, 1);
+    QCOMPARE(questions, 1);
 }
 
 void TestSettingsPage::testUpdateIsForTesters()
