@@ -23,6 +23,7 @@ private Q_SLOTS:
 
     void widths_data();
     void widths();
+    void theWidestOfMany();
     void columnsWithoutARule_data();
     void columnsWithoutARule();
     void theOrderOfFitting();
@@ -131,8 +132,26 @@ void TestListRules::widths()
     // What stands in the filter row doesn't count.
     content.text = [&](int row) { return row == 0 ? QString(99, u'x') : texts.at(row - 1); };
     content.length = [](const QString &text) { return static_cast<int>(text.size()) * 10; };
+    content.roughLength = [](const QString &text) { return static_cast<double>(text.size()); };
     content.viewWidth = 1000;
     QCOMPARE(ColumnWidths::fitted(column, content), std::optional<int>(width));
+}
+
+// The widest is among the few that are measured.
+void TestListRules::theWidestOfMany()
+{
+    int measured = 0;
+    ColumnWidths::Content content;
+    content.rows = 10'001;
+    content.text = [](int row) { return QString(row * 7 % 50, row % 2 == 0 ? u'x' : u'i'); };
+    content.length = [&](const QString &text) {
+        ++measured;
+        return static_cast<int>(text.size() + text.count(u'x'));
+    };
+    content.roughLength
+        = [](const QString &text) { return 1.1 * double(text.size() + text.count(u'x')); };
+    QCOMPARE(ColumnWidths::fitted(PathColumn, content), std::optional<int>(48 + 48 + 10));
+    QVERIFY2(measured <= 200, qPrintable(QString::number(measured)));
 }
 
 void TestListRules::columnsWithoutARule_data()

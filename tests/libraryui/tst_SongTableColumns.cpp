@@ -34,6 +34,7 @@ private Q_SLOTS:
     void aDoubleClickFits();
     void allColumnsAreFitted();
     void fittedBeforeItIsShown();
+    void manySongsAreFitted();
     void noMenuBesideTheHeadings();
 
 private:
@@ -240,6 +241,30 @@ void TestSongTableColumns::fittedBeforeItIsShown()
     early.show();
     QCOMPARE(early.table()->columnWidth(YearColumn), width);
     QVERIFY(!early.columnConfig().isEmpty());
+}
+
+// Not all of their texts are measured.
+void TestSongTableColumns::manySongsAreFitted()
+{
+    const PlaylistPtr list = songs->manager.getTempList();
+    QStringList paths;
+    for (int number = 0; number < 10'000; ++number)
+        paths.append(songs->music.filePath(
+            u"directory %1/Some song number %2.mp3"_s.arg(number % 40).arg(number)));
+    list->addAll(paths);
+    for (const SongPtr &song : list->songs()) {
+        song->setArtist(song->getFilename().last(20));
+        song->setChoreographer(u"Somebody, Somebody Else"_s);
+        song->setLevel(u"Intermediate"_s);
+    }
+    panel->setList(list);
+    panel->fitAllColumns();
+    const QFontMetrics metrics(panel->table()->font());
+    int most = 0;
+    for (const SongPtr &song : list->songs())
+        most = std::max(most, metrics.horizontalAdvance(song->getArtist()));
+    QVERIFY(most <= 200);
+    QCOMPARE(panel->table()->columnWidth(ArtistColumn), most + 10);
 }
 
 void TestSongTableColumns::noMenuBesideTheHeadings()

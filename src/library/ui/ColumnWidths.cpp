@@ -2,6 +2,7 @@
 
 #include "SongColumns.h"
 
+#include <QPair>
 #include <QStringList>
 
 #include <algorithm>
@@ -16,13 +17,37 @@ using ColumnWidths::Content;
 constexpr int margin = 10;
 constexpr int broadText = 200;
 constexpr int noDate = 10;
+constexpr qsizetype mostMeasured = 200;
+
+// To measure ten thousand texts takes longer than a window may be busy while music plays.
+int widestOf(const Content &content, const QStringList &texts)
+{
+    QList<QPair<double, QString>> candidates;
+    for (const QString &text : texts)
+        candidates.append({content.roughLength(text), text});
+    if (candidates.size() > mostMeasured) {
+        std::nth_element(
+            candidates.begin(), candidates.begin() + mostMeasured, candidates.end(),
+            [](const auto &one, const auto &other) { return one.first > other.first; });
+        candidates.resize(mostMeasured);
+    }
+    int most = 0;
+    for (const auto &candidate : std::as_const(candidates))
+        most = std::max(most, content.length(candidate.second));
+    return most;
+}
+
+QStringList textsOf(const Content &content)
+{
+    QStringList texts;
+    for (int row = 1; row < content.rows; ++row)
+        texts.append(content.text(row));
+    return texts;
+}
 
 int widest(const Content &content)
 {
-    int most = 0;
-    for (int row = 1; row < content.rows; ++row)
-        most = std::max(most, content.length(content.text(row)));
-    return most;
+    return widestOf(content, textsOf(content));
 }
 
 // A few long titles must not push everything else out of sight.
@@ -34,12 +59,7 @@ int widestDamped(const Content &content)
 
 int widestPart(const Content &content)
 {
-    int most = 0;
-    for (int row = 1; row < content.rows; ++row) {
-        for (const QString &part : content.text(row).split(u','))
-            most = std::max(most, content.length(part));
-    }
-    return most;
+    return widestOf(content, textsOf(content).join(u',').split(u','));
 }
 
 int greatestNumber(const Content &content)

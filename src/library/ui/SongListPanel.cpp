@@ -308,7 +308,8 @@ bool SongListPanel::isListBoxVisible() const
 void SongListPanel::setPlaylistWidgetsVisible(bool visible)
 {
     playlistWidgets->setVisible(visible);
-    adaptPlaylistInfo();
+    if (visible)
+        adaptPlaylistInfo();
 }
 
 bool SongListPanel::arePlaylistWidgetsVisible() const

@@ -3,23 +3,59 @@
 #include "ColumnWidths.h"
 #include "FrozenTableView.h"
 
+#include <QFontMetrics>
+#include <QHash>
 #include <QHeaderView>
 #include <QMenu>
 #include <QStyledItemDelegate>
 
+#include <memory>
+
 namespace {
+
+// Letter by letter: what two letters do to each other is left out.
+class RoughRuler
+{
+public:
+    explicit RoughRuler(const QFont &font)
+        : metrics(font)
+    { }
+
+    double length(const QString &text)
+    {
+        double sum = 0;
+        for (const QChar letter : text) {
+            auto known = widths.constFind(letter);
+            if (known == widths.constEnd())
+                known = widths.insert(letter, metrics.horizontalAdvance(letter));
+            sum += *known;
+        }
+        return sum;
+    }
+
+private:
+    QFontMetricsF metrics;
+    QHash<QChar, double> widths;
+};
+
+QString textOf(const FrozenTableView &view, int row, int column)
+{
+    const QVariant value = view.model()->index(row, column).data();
+    if (value.userType() == QMetaType::QString)
+        return value.toString();
+    const auto *delegate = qobject_cast<const QStyledItemDelegate *>(view.itemDelegate());
+    return delegate->displayText(value, QLocale());
+}
 
 ColumnWidths::Content contentOf(const FrozenTableView &view, int column)
 {
-    const auto *delegate = qobject_cast<const QStyledItemDelegate *>(view.itemDelegate());
     const QFontMetrics metrics(view.font());
-    return {view.model()->rowCount(),
-            [&view, delegate, column](int row) {
-                const QVariant value = view.model()->index(row, column).data();
-                return delegate->displayText(value, QLocale());
-            },
-            [metrics](const QString &text) { return metrics.horizontalAdvance(text); },
-            view.width()};
+    const auto ruler = std::make_shared<RoughRuler>(view.font());
+    return {.rows = view.model()->rowCount(),
+            .text = [&view, column](int row) { return textOf(view, row, column); },
+            .length = [metrics](const QString &text) { return metrics.horizontalAdvance(text); },
+            .roughLength = [ruler](const QString &text) { return ruler->length(text); },
+            .viewWidth = view.width()};
 }
 
 } // namespace
