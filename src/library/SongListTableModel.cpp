@@ -6,6 +6,7 @@
 #include <QColor>
 #include <QDataStream>
 #include <QFont>
+#include <QHash>
 #include <QMimeData>
 #include <QSet>
 #include <QUrl>
@@ -173,6 +174,11 @@ void SongListTableModel::setHighIntermediateName(const QString &text)
     highIntermediateName = text;
 }
 
+const QString &SongListTableModel::getHighIntermediateName()
+{
+    return highIntermediateName;
+}
+
 const QStringList &SongListTableModel::getDirList()
 {
     return dirList;
@@ -184,8 +190,14 @@ void SongListTableModel::rebuildDirList()
     dirList.clear();
     if (!playlist)
         return;
+    // One song of each: how a directory lies to another takes long to find out.
+    QHash<QString, SongPtr> songOf;
+    for (const SongPtr &song : playlist->songManager()->getSongs()) {
+        const QString &path = song->getFilename();
+        songOf.insert(path.left(path.lastIndexOf(u'/')), song);
+    }
     std::set<QString> directories;
-    for (const SongPtr &song : playlist->songManager()->getSongs())
+    for (const SongPtr &song : std::as_const(songOf))
         directories.insert(songColumn(DirectoryColumn)
                                ->value(*song, {0, musicDir, highIntermediateName})
                                .toString());

@@ -53,6 +53,7 @@ public:
 
     // The text shown for the level "Intermediate-Advanced", in every list from now on.
     static void setHighIntermediateName(const QString &text);
+    static const QString &getHighIntermediateName();
     // The library's directories relative to the music directory, each once, sorted; as of the last
     // rebuildDirList().
     static const QStringList &getDirList();
