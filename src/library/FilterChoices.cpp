@@ -39,16 +39,6 @@ template <typename Text> QSet<QString> textsOf(const QList<SongPtr> &songs, Text
     return texts;
 }
 
-template <typename Change> QSet<QString> parts(const QSet<QString> &texts, Change change)
-{
-    QSet<QString> found;
-    for (const QString &text : texts) {
-        for (const QStringView part : qTokenize(text, u','))
-            found.insert(change(part));
-    }
-    return found;
-}
-
 QStringList tempoBands(const ChoiceSource &)
 {
     return FilterTexts::tempoBands();
@@ -58,7 +48,12 @@ QStringList choreographers(const ChoiceSource &source)
 {
     const auto names
         = textsOf(source.songs, [](const Song &song) { return song.getChoreographer(); });
-    return sorted(parts(names, [](QStringView name) { return name.toString().simplified(); }));
+    QSet<QString> single;
+    for (const QString &several : names) {
+        for (const QStringView name : qTokenize(several, u','))
+            single.insert(name.toString().simplified());
+    }
+    return sorted(single);
 }
 
 QStringList directories(const ChoiceSource &source)
@@ -66,11 +61,27 @@ QStringList directories(const ChoiceSource &source)
     return source.directories;
 }
 
+bool areKnown(const DanceEventList &events, const QSet<QString> &categories)
+{
+    return std::all_of(events.begin(), events.end(), [&](const auto &event) {
+        return categories.contains(event->getCategory());
+    });
+}
+
+// As the column shows them, which a filter is compared with. Songs of which it is clear beforehand
+// that they have nothing new to tell are most of them, and the others take long.
 QStringList eventCategories(const ChoiceSource &source)
 {
-    const auto texts = textsOf(
-        source.songs, [](const Song &song) { return song.getDanceEvents().allCategories(); });
-    return sorted(parts(texts, [](QStringView category) { return category.trimmed().toString(); }));
+    QSet<QString> categories{QString()};
+    for (const SongPtr &song : source.songs) {
+        const DanceEventList &events = song->getDanceEvents();
+        if (areKnown(events, categories))
+            continue;
+        const QString all = events.allCategories();
+        for (const QStringView category : qTokenize(all, u','))
+            categories.insert(category.trimmed().toString());
+    }
+    return sorted(categories);
 }
 
 QStringList datePresets(const ChoiceSource &)
