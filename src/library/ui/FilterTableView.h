@@ -14,4 +14,8 @@ public:
 
     // Nothing is thrown away.
     void reset() override { }
+
+protected:
+    // Keys that no filter takes go on to whoever is beyond both tables.
+    void keyPressEvent(QKeyEvent *event) override;
 };

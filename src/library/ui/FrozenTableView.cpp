@@ -41,6 +41,9 @@ void FrozenTableView::setUpFrozenView()
     frozenView->setFocusPolicy(Qt::NoFocus);
     frozenView->setSelectionMode(NoSelection);
     frozenView->setEditTriggers(NoEditTriggers);
+    // The tab key leads from filter to filter.
+    frozenView->setTabKeyNavigation(false);
+    setTabKeyNavigation(false);
     frozenView->setShowGrid(showGrid());
     frozenView->verticalHeader()->hide();
     frozenView->verticalHeader()->setMinimumSectionSize(0);

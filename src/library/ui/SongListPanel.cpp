@@ -6,6 +6,7 @@
 #include "PlaylistBar.h"
 #include "SongDelegate.h"
 #include "SongListFilter.h"
+#include "SongListFilterHandler.h"
 #include "SongListTableModel.h"
 #include "SongManager.h"
 #include "SongTableColumns.h"
@@ -21,6 +22,7 @@
 
 namespace {
 
+constexpr int filterPopupExtra = 20; // pixels: what a scroll bar takes
 constexpr int libraryList = 0;
 constexpr int workingList = 1;
 
@@ -71,6 +73,7 @@ void SongListPanel::createTable()
     view->setStyle(style);
     view->setModel(songFilter);
     view->init();
+    filters = new SongListFilterHandler(songModel, songFilter, filterPopupExtra, view, this);
 }
 
 void SongListPanel::setUpTable()
@@ -161,10 +164,16 @@ void SongListPanel::setList(const PlaylistPtr &list)
     if (!list->isMaster())
         songFilter->sort(-1, Qt::AscendingOrder);
     songModel->setPlaylist(list);
-    songModel->clearFilterTexts();
     adaptToKind();
+    resetFilters();
     fillListBox();
     adaptPlaylistInfo();
+}
+
+void SongListPanel::resetFilters()
+{
+    songModel->clearFilterTexts();
+    filters->resetFilters();
 }
 
 void SongListPanel::ensureList(const PlaylistPtr &wanted)
@@ -355,6 +364,7 @@ void SongListPanel::setButtonSpacing(int pixels)
 void SongListPanel::refreshPictures()
 {
     playlistWidgets->refreshPictures();
+    filters->adaptToTheme();
 }
 
 void SongListPanel::showEvent(QShowEvent *event)
@@ -395,6 +405,7 @@ void SongListPanel::retranslate()
     playlistWidgets->retranslate();
     view->setAccessibleName(side == Side::Left ? tr("Playlist") : tr("Musikliste"));
     songModel->retranslate();
+    filters->retranslate();
     if (list()) {
         fillListBox();
         adaptPlaylistInfo();

@@ -11,14 +11,15 @@
 class FrozenTableView;
 class PlaylistBar;
 class SongListFilter;
+class SongListFilterHandler;
 class SongListTableModel;
 class SongManager;
 class SongTableColumns;
 
 // One list of songs with its frame: the table, the box that chooses the list, the buttons that work
 // on it and a line about its length. The window shows two of them: the library (or a playlist) on
-// the right, a playlist (or the library) on the left. No widget of it takes the focus: it is worked
-// by keys that the window passes on.
+// the right, a playlist (or the library) on the left. No widget of it but the fields of the filter
+// row takes the focus: it is worked by keys that the window passes on.
 class SongListPanel : public QFrame
 {
     Q_OBJECT
@@ -34,6 +35,7 @@ public:
     SongListTableModel *model() const { return songModel; }
     SongListFilter *filter() const { return songFilter; }
     FrozenTableView *table() const { return view; }
+    SongListFilterHandler *filterRow() const { return filters; }
     SongListSelection &selection() { return selected; }
     const SongListSelection &selection() const { return selected; }
 
@@ -42,6 +44,8 @@ public:
     void setList(const PlaylistPtr &list);
     // The same, but a list that is on show already stays with its order and its selection.
     void ensureList(const PlaylistPtr &wanted);
+    // No filter at all in the filter row.
+    void resetFilters();
     // The same as ensureList() after the question whether changes of the list on show are to be
     // saved; those that the user declines are dropped. False when the list on show stays.
     bool switchList(const PlaylistPtr &wanted);
@@ -144,6 +148,7 @@ private:
     SongListTableModel *songModel;
     SongListFilter *songFilter;
     FrozenTableView *view;
+    SongListFilterHandler *filters = nullptr;
     SongListSelection selected;
     PlaylistBar *playlistWidgets;
     SongTableColumns *columns = nullptr;
