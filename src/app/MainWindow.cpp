@@ -18,6 +18,7 @@
 #include "SettingsPage.h"
 #include "SongFileActions.h"
 #include "SongListFilter.h"
+#include "SongListFilterHandler.h"
 #include "SongListPanel.h"
 #include "SongListTableModel.h"
 #include "Tarvelo.h"
@@ -157,17 +158,8 @@ void MainWindow::createConnections()
         loadPlaylistSong(framePlaylist->selection().song());
         showScreen(PositionsScreen);
     });
-    for (SongListPanel *panel : {framePlaylist, libraryPage->songList()}) {
-        connect(panel, &SongListPanel::selectionChanged, this, &MainWindow::followSelection);
-        connect(panel, &SongListPanel::listChanged, this, &MainWindow::followSelection);
-        connect(panel, &SongListPanel::entryRemoved, this,
-                [this, panel] { followRemoval(panel->selection().song()); });
-        connect(panel, &SongListPanel::contextMenuRequested, this, [this, panel](QPoint global) {
-            // The actions are those of the active list, which need not be this one.
-            selectInOtherTable(panel->selection().song());
-            actions->menu(MenuId::LibraryContext)->popup(global);
-        });
-    }
+    for (SongListPanel *panel : {framePlaylist, libraryPage->songList()})
+        connectSongList(panel);
     connect(songFiles.get(), &SongFileActions::musicDirWanted, this,
             [this] { showScreen(SettingsScreen); });
     connect(splitterPlaylist, &QSplitter::splitterMoved, this, [this] {
@@ -176,6 +168,26 @@ void MainWindow::createConnections()
     });
 
     connectSettingsPage();
+}
+
+void MainWindow::connectSongList(SongListPanel *panel)
+{
+    connect(panel, &SongListPanel::selectionChanged, this, &MainWindow::followSelection);
+    connect(panel, &SongListPanel::listChanged, this, &MainWindow::followSelection);
+    connect(panel, &SongListPanel::entryRemoved, this,
+            [this, panel] { followRemoval(panel->selection().song()); });
+    connect(panel, &SongListPanel::contextMenuRequested, this, [this, panel](QPoint global) {
+        // The actions are those of the active list, which need not be this one.
+        selectInOtherTable(panel->selection().song());
+        actions->menu(MenuId::LibraryContext)->popup(global);
+    });
+    const SongListFilterHandler *filters = panel->filterRow();
+    connect(filters, &SongListFilterHandler::adaptFilterStats, this,
+            &MainWindow::refreshFilterStats);
+    connect(filters, &SongListFilterHandler::musicListScrolled, this, &MainWindow::scrollLibrary);
+    connect(filters, &SongListFilterHandler::focusReturned, this, &MainWindow::takeFocusBack);
+    for (QLineEdit *field : filters->lineEdits())
+        field->installEventFilter(this);
 }
 
 void MainWindow::connectPlayer()
@@ -424,9 +436,10 @@ void MainWindow::refreshFilterStats()
                                  .arg(right->selection().rows().size()));
 }
 
+// A filter that hides the selected song must not end the typing.
 void MainWindow::followSelection()
 {
-    adaptActions();
+    adaptActionStates();
     refreshFilterStats();
 }
 
@@ -507,7 +520,7 @@ bool MainWindow::eventFilter(QObject *watched, QEvent *event)
 {
     if (watched == splitterPlaylist->handle(1) && event->type() == QEvent::MouseButtonDblClick)
         divideRoomEqually();
-    if (watched == frameTop->filterField() && event->type() == QEvent::KeyPress
+    if (qobject_cast<QLineEdit *>(watched) && event->type() == QEvent::KeyPress
         && carryOutAltGr(*static_cast<QKeyEvent *>(event)))
         return true;
     return QMainWindow::eventFilter(watched, event);
@@ -520,12 +533,13 @@ void MainWindow::divideRoomEqually()
     splitterPlaylist->setSizes({sum / 2, sum - sum / 2});
 }
 
-// Where AltGr is a modifier of its own, a field takes Home with it for plain Home. Letters that
-// AltGr gives belong to the field.
+// A field takes Home with AltGr for plain Home, and the arrows for its own. Letters that AltGr
+// gives belong to the field.
 bool MainWindow::carryOutAltGr(const QKeyEvent &event)
 {
     const bool typesNothing = event.text().isEmpty() || !event.text().at(0).isPrint();
-    if (!event.modifiers().testFlag(Qt::GroupSwitchModifier) || !typesNothing)
+    constexpr Qt::KeyboardModifiers altGr{Qt::ControlModifier | Qt::AltModifier};
+    if ((meantModifiers(event.modifiers()) & altGr) != altGr || !typesNothing)
         return false;
     const auto call = commandForKey(event.key(), event.modifiers(), currentScreen());
     if (call)

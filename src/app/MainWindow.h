@@ -126,6 +126,7 @@ private:
     void connectPositionsPage();
     void connectSearch();
     void applySearch();
+    void connectSongList(SongListPanel *panel);
     void showFirstScreen();
     void enterScreen(int screen);
     void stepScreen(int step);
@@ -228,7 +229,7 @@ private:
     void retranslate();
     void takeFocusBack();
     void divideRoomEqually();
-    // Whether the key was one of the window's with AltGr.
+    // Whether the key, typed into a field, was one of the window's with AltGr.
     bool carryOutAltGr(const QKeyEvent &event);
 
     Tarvelo *app;

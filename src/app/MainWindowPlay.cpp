@@ -295,6 +295,8 @@ void MainWindow::resetMusicListFilters()
 {
     frameTop->clearFilter();
     selectNoneInLibrary();
+    for (SongListPanel *panel : {framePlaylist, libraryPage->songList()})
+        panel->resetFilters();
 }
 
 // What is written is the player's song: the selected one has to be that.
