@@ -34,11 +34,15 @@ TarveloSplashScreen::TarveloSplashScreen(QWidget *parent)
     setObjectName(QStringLiteral("SplashScreen"));
     setModal(true);
     setAttribute(Qt::WA_TranslucentBackground);
+    // Its measures are those of the desktop's font, whatever the program's own one is.
+    setStyleSheet(QStringLiteral("QWidget { font-size: %1px; }")
+                      .arg(QFontInfo(QApplication::font()).pixelSize()));
     resize(302, 406);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
-    layout->addWidget(makeLogo(), 1, Qt::AlignHCenter);
+    // No taller than its picture, which would begin again below.
+    layout->addWidget(makeLogo(), 1, Qt::AlignCenter);
     layout->addWidget(makeInfo(), 0, Qt::AlignHCenter);
     centerOnScreen();
 }

@@ -52,6 +52,8 @@ private Q_SLOTS:
     void splashWord_data();
     void splashWord();
     void splashProgress();
+    void splashFitsAtAnyFontSize_data();
+    void splashFitsAtAnyFontSize();
     void splashPaintsNoMoreThanAScreen();
 
     void palettes_data();
@@ -170,6 +172,31 @@ void TestShellTexts::splashProgress()
     const auto *label = splash.findChild<QLabel *>();
     QCOMPARE(label->text(), QStringLiteral("Lese Datei 7 ▶▶\n50%1 <b>#.mp3"));
     QCOMPARE(label->textFormat(), Qt::PlainText);
+}
+
+void TestShellTexts::splashFitsAtAnyFontSize_data()
+{
+    QTest::addColumn<int>("points");
+    for (const int points : {8, 20, 70})
+        QTest::addRow("%d", points) << points;
+}
+
+void TestShellTexts::splashFitsAtAnyFontSize()
+{
+    QFETCH(int, points);
+    qApp->setStyleSheet(QStringLiteral("QWidget { font-size: %1pt; }").arg(points));
+    TarveloSplashScreen splash;
+    splash.setSplashProgress(9999, QStringLiteral("song.mp3"), true);
+    splash.show();
+    const auto *label = splash.findChild<QLabel *>(QStringLiteral("labelSplashProgress"));
+    const QSize needed = label->fontMetrics().size(0, label->text());
+    QVERIFY(needed.width() <= label->width() && needed.height() <= label->height());
+    const auto *bar = splash.findChild<QProgressBar *>();
+    QVERIFY(bar->fontMetrics().height() <= bar->height());
+    // Its picture is there once.
+    QCOMPARE(splash.findChild<QFrame *>(QStringLiteral("frameSplashLogo"))->size(),
+             QSize(300, 300));
+    qApp->setStyleSheet({});
 }
 
 void TestShellTexts::splashPaintsNoMoreThanAScreen()
