@@ -319,10 +319,44 @@
     </message>
 </context>
 <context>
+    <name>CopyPage</name>
+    <message>
+        <source>Kopieren</source>
+        <translation>Copy</translation>
+    </message>
+    <message>
+        <source>%1 kopieren</source>
+        <translation>Copy %1</translation>
+    </message>
+</context>
+<context>
     <name>CountDownDisplayDialog</name>
     <message>
         <source>Countdown</source>
         <translation>Countdown</translation>
+    </message>
+</context>
+<context>
+    <name>DateRange</name>
+    <message>
+        <source>Zeitspanne eingeben:</source>
+        <translation>Enter a span of dates:</translation>
+    </message>
+    <message>
+        <source>Zeitspanne von:</source>
+        <translation>From:</translation>
+    </message>
+    <message>
+        <source>bis:</source>
+        <translation>To:</translation>
+    </message>
+    <message>
+        <source>Return</source>
+        <translation>Return</translation>
+    </message>
+    <message>
+        <source>Abbruch</source>
+        <translation>Cancel</translation>
     </message>
 </context>
 <context>
@@ -334,6 +368,176 @@
     <message>
         <source>Fehler beim kopieren von Datei&lt;br&gt;&apos;%1&apos;!</source>
         <translation>Error while copying the file&lt;br&gt;&apos;%1&apos;!</translation>
+    </message>
+</context>
+<context>
+    <name>EventEditor</name>
+    <message>
+        <source>Training</source>
+        <translation>Training</translation>
+    </message>
+    <message>
+        <source>Convention</source>
+        <translation>Convention</translation>
+    </message>
+    <message>
+        <source>Special</source>
+        <translation>Special</translation>
+    </message>
+    <message>
+        <source>Vorbereitung</source>
+        <translation>Preparation</translation>
+    </message>
+    <message>
+        <source>Event Editor</source>
+        <translation>Event Editor</translation>
+    </message>
+    <message>
+        <source>Datum &amp; Uhrzeit:</source>
+        <translation>Date &amp; Time:</translation>
+    </message>
+    <message>
+        <source>Kategorie:</source>
+        <translation>Category:</translation>
+    </message>
+    <message>
+        <source>Event:</source>
+        <translation>Event:</translation>
+    </message>
+    <message>
+        <source>Tempo:</source>
+        <translation>Tempo:</translation>
+    </message>
+    <message>
+        <source>Tempo in Prozent</source>
+        <translation>Tempo in percent</translation>
+    </message>
+    <message>
+        <source>Tempo in BPM</source>
+        <translation>Tempo in BPM</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Abbrechen</source>
+        <translation>Cancel</translation>
+    </message>
+</context>
+<context>
+    <name>FilterTexts</name>
+    <message>
+        <source>Zeitspanne eingeben ...</source>
+        <translation>Enter time span ...</translation>
+    </message>
+    <message>
+        <source>Heute</source>
+        <translation>Today</translation>
+    </message>
+    <message>
+        <source>Seit Gestern</source>
+        <translation>Since yesterday</translation>
+    </message>
+    <message>
+        <source>Seit Vorgestern</source>
+        <translation>Since the day before yesterday</translation>
+    </message>
+    <message>
+        <source>Diese Woche</source>
+        <translation>This week</translation>
+    </message>
+    <message>
+        <source>Seit letzter Woche</source>
+        <translation>Since last week</translation>
+    </message>
+    <message>
+        <source>Seit vorletzter Woche</source>
+        <translation>Since the week before last</translation>
+    </message>
+    <message>
+        <source>Seit 3 Wochen</source>
+        <translation>Since 3 weeks ago</translation>
+    </message>
+    <message>
+        <source>Dieser Monat</source>
+        <translation>This month</translation>
+    </message>
+    <message>
+        <source>Seit letztem Monat</source>
+        <translation>Since last month</translation>
+    </message>
+    <message>
+        <source>Heute vor einer Woche</source>
+        <translation>One week ago today</translation>
+    </message>
+    <message>
+        <source>Heute vor zwei Wochen</source>
+        <translation>Two weeks ago today</translation>
+    </message>
+    <message>
+        <source>Heute vor drei Wochen</source>
+        <translation>Three weeks ago today</translation>
+    </message>
+    <message>
+        <source>Heute vor vier Wochen</source>
+        <translation>Four weeks ago today</translation>
+    </message>
+    <message>
+        <source>Montags</source>
+        <translation>Mondays</translation>
+    </message>
+    <message>
+        <source>Dienstags</source>
+        <translation>Tuesdays</translation>
+    </message>
+    <message>
+        <source>Mittwochs</source>
+        <translation>Wednesdays</translation>
+    </message>
+    <message>
+        <source>Donnerstags</source>
+        <translation>Thursdays</translation>
+    </message>
+    <message>
+        <source>Freitags</source>
+        <translation>Fridays</translation>
+    </message>
+    <message>
+        <source>Samstags</source>
+        <translation>Saturdays</translation>
+    </message>
+    <message>
+        <source>Sonntags</source>
+        <translation>Sundays</translation>
+    </message>
+    <message>
+        <source>&lt;Kein Eintrag&gt;</source>
+        <translation>&lt;No entry&gt;</translation>
+    </message>
+    <message>
+        <source>&lt;Irgendein Eintrag&gt;</source>
+        <translation>&lt;Any entry&gt;</translation>
+    </message>
+    <message>
+        <source>Sehr langsam</source>
+        <translation>Very slow</translation>
+    </message>
+    <message>
+        <source>Langsam</source>
+        <translation>Slow</translation>
+    </message>
+    <message>
+        <source>Normal</source>
+        <translation>Normal</translation>
+    </message>
+    <message>
+        <source>Schnell</source>
+        <translation>Fast</translation>
+    </message>
+    <message>
+        <source>Sehr schnell</source>
+        <translation>Very fast</translation>
     </message>
 </context>
 <context>
@@ -373,6 +577,32 @@
     <message>
         <source>Hilfe</source>
         <translation>Help</translation>
+    </message>
+</context>
+<context>
+    <name>ListExport</name>
+    <message>
+        <source>Die Liste wurde in die Windows Zwischenablage kopiert.&lt;br&gt;Du kannst sie in einem Programm Deiner Wahl einfügen, z.B. mit Strg-V oder über die rechte Maustaste -&gt; Einfügen.</source>
+        <translation>The list has been copied to the Windows clipboard.&lt;br&gt;You can paste it into a program of your choice, e.g. with Ctrl-V or by the right mouse button -&gt; Paste.</translation>
+    </message>
+</context>
+<context>
+    <name>ListFilesCopy</name>
+    <message>
+        <source>&lt;p&gt;Das Kopieren der Datei &lt;br&gt;%1&lt;br&gt;nach&lt;br&gt;%2&lt;br&gt;hat nicht funktioniert!&lt;/p&gt;Mögliche Ursachen:&lt;ul&gt;&lt;li&gt;Die Datei ist von einem anderen Programm geöffnet&lt;/li&gt;&lt;li&gt;Es ist kein Speicher mehr frei&lt;/li&gt;&lt;li&gt;Es gibt keine Schreibberechtigung&lt;/li&gt;&lt;/ul&gt;Willst Du mit den übrigen Dateien weitermachen?</source>
+        <translation>&lt;p&gt;Copying the file &lt;br&gt;%1&lt;br&gt;to&lt;br&gt;%2&lt;br&gt;did not work!&lt;/p&gt;Possible causes:&lt;ul&gt;&lt;li&gt;The file is opened by another program&lt;/li&gt;&lt;li&gt;There is no free space left&lt;/li&gt;&lt;li&gt;There is no permission to write&lt;/li&gt;&lt;/ul&gt;Do you want to go on with the other files?</translation>
+    </message>
+    <message>
+        <source>Zielverzeichnis auswählen</source>
+        <translation>Choose Target Directory</translation>
+    </message>
+    <message>
+        <source>Kopiere Dateien ...</source>
+        <translation>Copying files ...</translation>
+    </message>
+    <message>
+        <source>%1 Dateien erfolgreich kopiert.</source>
+        <translation>%1 files copied successfully.</translation>
     </message>
 </context>
 <context>
@@ -431,6 +661,30 @@ Selected: %3</translation>
         <source>Die Datei&lt;br&gt;%1&lt;br&gt;kann nicht geschrieben werden. Der Song ist unverändert. Bitte wähle ein anderes Verzeichnis.</source>
         <translation>The file&lt;br&gt;%1&lt;br&gt;cannot be written. The song is unchanged. Please choose another directory.</translation>
     </message>
+    <message>
+        <source>Achtung:&lt;br&gt;Die Verzeichnisse für die Musikdateien und für die Playlisten sind unterschiedlich!&lt;br&gt;Die Playlisten werden nach einem Verzeichniswechsel nicht mehr funktionieren, wenn das Playlist-Verzeichnis nicht auch entsprechend verschoben wird!</source>
+        <translation>Attention:&lt;br&gt;The directories of the music files and of the playlists differ!&lt;br&gt;After a change of the directory the playlists will no longer work, unless the playlist directory is moved as well!</translation>
+    </message>
+    <message>
+        <source>Verzeichnis mit Musik auswählen:</source>
+        <translation>Choose the directory with your music:</translation>
+    </message>
+    <message>
+        <source>Playlist-Verzeichnis auswählen:</source>
+        <translation>Choose the playlist directory:</translation>
+    </message>
+    <message>
+        <source>Der Cache ist jetzt eingeschaltet. Er wird beim nächsten Programmstart aufgebaut, danach (also beim übernächsten Programmstart) sollte das Programm &lt;b&gt;deutlich&lt;/b&gt; schneller starten.</source>
+        <translation>The cache is switched on now. It is built at the next start of the program; after that (at the start after the next one) the program should start &lt;b&gt;much&lt;/b&gt; faster.</translation>
+    </message>
+    <message>
+        <source>Cache-Verzeichnis auswählen:</source>
+        <translation>Choose the cache directory:</translation>
+    </message>
+    <message>
+        <source>Sollen die mitgeschriebenen Informationen gelöscht werden?</source>
+        <translation>Shall the logged information be deleted?</translation>
+    </message>
 </context>
 <context>
     <name>MessageBoxes</name>
@@ -487,6 +741,41 @@ Selected: %3</translation>
     <message>
         <source>&lt;Musikbibliothek&gt;</source>
         <translation>&lt;Music Library&gt;</translation>
+    </message>
+</context>
+<context>
+    <name>PlaylistOperations</name>
+    <message>
+        <source>Die Playlist&lt;br&gt;&apos;%1&apos;&lt;br&gt;wurde geändert.&lt;br&gt;Speichern?</source>
+        <translation>The playlist&lt;br&gt;&apos;%1&apos;&lt;br&gt;has been changed.&lt;br&gt;Save it?</translation>
+    </message>
+    <message>
+        <source>Playlist speichern</source>
+        <translation>Save Playlist</translation>
+    </message>
+    <message>
+        <source>Playlists (*.m3u8 *.m3u *.pls)</source>
+        <translation>Playlists (*.m3u8 *.m3u *.pls)</translation>
+    </message>
+    <message>
+        <source>Die Playlist&lt;br&gt;&apos;%1&apos;&lt;br&gt;gibt es schon. Willst Du sie überschreiben?</source>
+        <translation>The playlist&lt;br&gt;&apos;%1&apos;&lt;br&gt;exists already. Do you want to overwrite it?</translation>
+    </message>
+    <message>
+        <source>Playlist öffnen</source>
+        <translation>Open Playlist</translation>
+    </message>
+    <message>
+        <source>Playlist (*.m3u8 *.m3u *.pls)</source>
+        <translation>Playlist (*.m3u8 *.m3u *.pls)</translation>
+    </message>
+    <message>
+        <source>Willst Du die Playlist&lt;br&gt;&apos;%1&apos;&lt;br&gt;wirklich löschen?</source>
+        <translation>Do you really want to delete the playlist&lt;br&gt;&apos;%1&apos;?</translation>
+    </message>
+    <message>
+        <source>Fehler: Die Playlist&lt;br&gt;&apos;%1&apos;&lt;br&gt;konnte nicht gelöscht werden!</source>
+        <translation>Error: The playlist&lt;br&gt;&apos;%1&apos;&lt;br&gt;could not be deleted!</translation>
     </message>
 </context>
 <context>
@@ -595,8 +884,447 @@ Selected: %3</translation>
         <translation>Max. font size of the positions:</translation>
     </message>
     <message>
-        <source>Verzeichnis mit Musik auswählen:</source>
-        <translation>Choose the directory with your music:</translation>
+        <source>Beim Start nach Updates suchen:</source>
+        <translation>Look for updates at start:</translation>
+    </message>
+    <message>
+        <source>Jetzt suchen</source>
+        <translation>Look now</translation>
+    </message>
+    <message>
+        <source>Test</source>
+        <translation>Test</translation>
+    </message>
+    <message>
+        <source>Beim Start Event setzen:</source>
+        <translation>Set the event at start:</translation>
+    </message>
+    <message>
+        <source>Jetzt setzen</source>
+        <translation>Set now</translation>
+    </message>
+    <message>
+        <source>Mit diesem Schalter fragt Tarvelo bei jedem Start nach dem aktuellen Event. Ohne diesen Schalter wird jedes Event anonym eingetragen.</source>
+        <translation>With this switch on, Tarvelo asks for the current event at each start. With it off, each event is entered without a name.</translation>
+    </message>
+    <message>
+        <source>Als gespielt markieren nach:</source>
+        <translation>Mark as played after:</translation>
+    </message>
+    <message>
+        <source> Sekunden</source>
+        <translation> seconds</translation>
+    </message>
+    <message>
+        <source>Tarvelo pflegt eine Liste gespielter Lieder. Hier kann eingetragen werden, ab wieviel Sekunden ununterbrochener Spielzeit ein Lied als &apos;gespielt&apos; anerkannt wird.</source>
+        <translation>Tarvelo keeps a list of played songs. Here you can enter after how many seconds of uninterrupted play a song counts as &apos;played&apos;.</translation>
+    </message>
+    <message>
+        <source>Sprache:</source>
+        <translation>Language:</translation>
+    </message>
+    <message>
+        <source>Design:</source>
+        <translation>Design:</translation>
+    </message>
+    <message>
+        <source>Aus diesem Verzeichnis und aus allen Unterordnern liest Tarvelo die mp3-Dateien.&lt;br&gt;&lt;br&gt;Anmerkung: Wird dieses Verzeichnis geändert, wird automatisch das Playlistverzeichnis angepasst!</source>
+        <translation>Tarvelo reads the mp3 files from this directory and from all folders below it.&lt;br&gt;&lt;br&gt;Note: When this directory is changed, the playlist directory follows by itself!</translation>
+    </message>
+    <message>
+        <source>Playlistverzeichnis:</source>
+        <translation>Playlist directory:</translation>
+    </message>
+    <message>
+        <source>Aus diesem Verzeichnis liest Tarvelo die Playlist-Dateien (Endung: .m3u8).&lt;br&gt;&lt;br&gt;Anmerkung:&lt;ul&gt;&lt;li&gt;Playlisten in Unterordnern werden ignoriert.&lt;/li&gt;&lt;li&gt;Werden mit Tarvelo neue Playlisten erzeugt, werden sie in diesem Ordner abgelegt.&lt;/li&gt;&lt;/ul&gt;</source>
+        <translation>Tarvelo reads the playlist files (ending: .m3u8) from this directory.&lt;br&gt;&lt;br&gt;Note:&lt;ul&gt;&lt;li&gt;Playlists in folders below it are ignored.&lt;/li&gt;&lt;li&gt;New playlists that are made with Tarvelo are stored in this folder.&lt;/li&gt;&lt;/ul&gt;</translation>
+    </message>
+    <message>
+        <source>Hier kann die Göße der Zeichen eingestellt werden.</source>
+        <translation>Here you can set the size of the letters.</translation>
+    </message>
+    <message>
+        <source> px</source>
+        <translation> px</translation>
+    </message>
+    <message>
+        <source>Hier kann die Größe des oberen und unteren Rahmens angepasst werden.</source>
+        <translation>Here you can set the size of the upper and the lower frame.</translation>
+    </message>
+    <message>
+        <source>Cache:</source>
+        <translation>Cache:</translation>
+    </message>
+    <message>
+        <source>Zur Geschwindigkeitssteigerung beim Programmstart kann Tarvelo die Informationen aus den Musikdateien in einen Cache schreiben. Um den Cache einzuschalten muss die Box selektiert sein. Um den Cache auszuschalten oder zu löschen muss die Box leer sein.</source>
+        <translation>To make the start of the program faster, Tarvelo can write the information from the music files to a cache. To switch the cache on, the box has to be checked. To switch the cache off or to delete it, the box has to be empty.</translation>
+    </message>
+    <message>
+        <source>Protokoll:</source>
+        <translation>Log:</translation>
+    </message>
+    <message>
+        <source>Löschen ...</source>
+        <translation>Delete ...</translation>
+    </message>
+    <message>
+        <source>Hier kann das Logging ein- und ausgeschaltet werden. Für normale Anwendungsfälle kann dieser Schalter immer aus bleiben.</source>
+        <translation>Here you can switch the logging on and off. In normal use this switch can always stay off.</translation>
+    </message>
+    <message>
+        <source>Anpassen</source>
+        <translation>Customise</translation>
+    </message>
+    <message>
+        <source>Anzeige von High Intermediate als:</source>
+        <translation>Show High Intermediate as:</translation>
+    </message>
+    <message>
+        <source>Tempoeinstufung:</source>
+        <translation>Tempo classes:</translation>
+    </message>
+    <message>
+        <source>Sehr Langsam</source>
+        <translation>Very slow</translation>
+    </message>
+    <message>
+        <source>Langsam</source>
+        <translation>Slow</translation>
+    </message>
+    <message>
+        <source>Normal</source>
+        <translation>Normal</translation>
+    </message>
+    <message>
+        <source>Schnell</source>
+        <translation>Fast</translation>
+    </message>
+    <message>
+        <source>Sehr Schnell</source>
+        <translation>Very fast</translation>
+    </message>
+    <message>
+        <source>Temporegelung:</source>
+        <translation>Tempo presets:</translation>
+    </message>
+    <message>
+        <source>Zusammenfassung der Events:</source>
+        <translation>Merge events:</translation>
+    </message>
+    <message>
+        <source>Keine</source>
+        <translation>None</translation>
+    </message>
+    <message>
+        <source>Stunde</source>
+        <translation>Hour</translation>
+    </message>
+    <message>
+        <source>Tag</source>
+        <translation>Day</translation>
+    </message>
+    <message>
+        <source>Die Events können zusammengefasst werden, damit die statistische Auswertung mehr Sinn ergibt. Zum Beispiel bedeutet &amp;quot;eine Stunde&amp;quot;, das Events ignoriert werden, die innerhalb einer Stunde wieder aufgetreten sind. Das bedeutet: Wenn ein Song innerhalb eines Workshops mehrfach gespielt wird, wird er überall nur als ein Event angezeigt und ausgewertet. Diese Einstellung betrifft nur die Anzeige &amp; Auswertung, die Daten werden nicht geändert!</source>
+        <translation>Events can be merged so that the statistics make more sense. For example, &amp;quot;hour&amp;quot; means that events are ignored which happened again within an hour. That is: a song that is played several times in a workshop is shown and counted as one event everywhere. This setting concerns what is shown &amp; counted only, the data are not changed!</translation>
+    </message>
+    <message>
+        <source>Temporegelung Schaltflächen:</source>
+        <translation>Buttons for the tempo presets:</translation>
+    </message>
+    <message>
+        <source>Positionstrennzeichen:</source>
+        <translation>Position separators:</translation>
+    </message>
+    <message>
+        <source>Diese Einstellung betrifft nur die Funktion &amp;quot;Verschiedene Positionen anzeigen&amp;quot;. Wenn Du diese Funktion nicht benutzt oder mit der Funktionsweise zufrieden bist, solltest du hier nichts ändern.&lt;br&gt;&lt;br&gt;Hier können die Trennzeichen definiert werden, die eine Position von der nächsten trennen. Das Format sind die regular expressions für C++.</source>
+        <translation>This setting concerns the function &amp;quot;Show different positions&amp;quot; only. If you don&apos;t use this function or if you are content with how it works, you should not change anything here.&lt;br&gt;&lt;br&gt;Here you can define the separators that part one position from the next. The format is that of the regular expressions of C++.</translation>
+    </message>
+    <message>
+        <source>Anzeige zusätzlicher Infos:</source>
+        <translation>Show additional information:</translation>
+    </message>
+    <message>
+        <source>Sonderzeichen:</source>
+        <translation>Special characters:</translation>
+    </message>
+    <message>
+        <source>Sonderzeichen hier eingeben</source>
+        <translation>Enter special characters here</translation>
+    </message>
+    <message>
+        <source>Hier können Sonderzeichen eingetragen werden, die nicht über die Tastatur zu erreichen sind (z.B. •, ¼, ½ oder ¾). Im Positionseditor werden dann entsprechende Schaltflächen eingeblendet. Maximal %1 Zeichen können spezifiziert werden.</source>
+        <translation>Here you can enter special characters that can&apos;t be typed on the keyboard (such as •, ¼, ½ or ¾). The position editor then shows a button for each of them. At most %1 characters can be entered.</translation>
+    </message>
+    <message>
+        <source>Ausrichtung der Positionsanzeige:</source>
+        <translation>Alignment of the positions:</translation>
+    </message>
+    <message>
+        <source>Oben</source>
+        <translation>Top</translation>
+    </message>
+    <message>
+        <source>Mitte</source>
+        <translation>Middle</translation>
+    </message>
+    <message>
+        <source>Unten</source>
+        <translation>Bottom</translation>
+    </message>
+    <message>
+        <source>Diese Einstellung betrifft die vertikale Ausrichtung der Zeilen im Positionsfenster. Sie wird nur bei mehrzeiligen Positionen sichtbar.</source>
+        <translation>This setting concerns the vertical alignment of the rows in the positions window. It can be seen only with positions of several lines.</translation>
+    </message>
+    <message>
+        <source>Spiel- und Uhrzeitanzeige:</source>
+        <translation>Run time and clock:</translation>
+    </message>
+    <message>
+        <source>Hier kann die Anzeige der Uhrzeit und der Spieldauer eingestellt werden.&lt;br&gt;&lt;ul&gt;&lt;li&gt;Abwechselnd&lt;br&gt;Die Spieldauer wird nur während des Abspielens angezeigt, sonst die Systemzeit.&lt;br&gt;&lt;/li&gt;&lt;li&gt;Uhrzeit&lt;br&gt;Es wird nur die Systemzeit angezeigt.&lt;br&gt;&lt;/li&gt;&lt;li&gt;Spieldauer&lt;br&gt;Es wird nur die Spieldauer angezeigt.&lt;br&gt;&lt;/li&gt;&lt;li&gt;Parallel&lt;br&gt;Systemzeit und Spieldauer werden gleichzeitig angezeigt.&lt;br&gt;&lt;/li&gt;&lt;/ul&gt;&lt;br&gt;Anmerkung: Dies kann auch durch ein- oder mehrmaliges klicken auf die Zeitanzeigen geändert werden.</source>
+        <translation>Here you can set how clock and run time are shown.&lt;br&gt;&lt;ul&gt;&lt;li&gt;Alternating&lt;br&gt;The run time is shown only while a song plays, otherwise the system time.&lt;br&gt;&lt;/li&gt;&lt;li&gt;Clock&lt;br&gt;Only the system time is shown.&lt;br&gt;&lt;/li&gt;&lt;li&gt;Run time&lt;br&gt;Only the run time is shown.&lt;br&gt;&lt;/li&gt;&lt;li&gt;Parallel&lt;br&gt;System time and run time are shown side by side.&lt;br&gt;&lt;/li&gt;&lt;/ul&gt;&lt;br&gt;Note: This can also be changed by clicking on the time displays once or several times.</translation>
+    </message>
+    <message>
+        <source>Countdown Anzeige:</source>
+        <translation>Countdown display:</translation>
+    </message>
+    <message>
+        <source>Part Vorgaben:</source>
+        <translation>Part presets:</translation>
+    </message>
+    <message>
+        <source>Hier können eigene Vorgaben für neue Parts im Positions-Editor definiert werden. Die einzelnen Einträge dürfen maximal %1 Buchstaben lang sein und müssen durch &amp;lt;RETURN&amp;gt; getrennt werden. Es sind maximal %2 Einträge erlaubt.&lt;br&gt;&lt;br&gt;Die neuen Schaltflächen tauchen in der Positionsbearbeitung unter der Liste der bereits existieren Part-Vorgaben auf.</source>
+        <translation>Here you can define presets of your own for new parts in the position editor. Each entry may have at most %1 letters, and they have to be parted by &amp;lt;RETURN&amp;gt;. At most %2 entries are allowed.&lt;br&gt;&lt;br&gt;The new buttons appear in the position editor below the list of the part presets that are already there.</translation>
+    </message>
+    <message>
+        <source>Cloud</source>
+        <translation>Cloud</translation>
+    </message>
+    <message>
+        <source>Cloudfunktionen einschalten</source>
+        <translation>Switch the cloud functions on</translation>
+    </message>
+    <message>
+        <source>ID</source>
+        <translation>ID</translation>
+    </message>
+    <message>
+        <source>Eindeutige Benutzerkennung (Wird vom System vergeben)</source>
+        <translation>Unique user ID (given by the system)</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Max Mustermann</source>
+        <translation>Jane Doe</translation>
+    </message>
+    <message>
+        <source>email Addresse</source>
+        <translation>email address</translation>
+    </message>
+    <message>
+        <source>Passwort</source>
+        <translation>Password</translation>
+    </message>
+    <message>
+        <source>Neues Konto beantragen</source>
+        <translation>Apply for a new account</translation>
+    </message>
+    <message>
+        <source>Nutzungsdaten ermitteln</source>
+        <translation>Collect usage data</translation>
+    </message>
+    <message>
+        <source>Was wird ermittelt?</source>
+        <translation>What is collected?</translation>
+    </message>
+    <message>
+        <source>Wir erheben keinerlei persönliche Daten, uns interessiert lediglich welche Optionen benutzt werden, um die Verwendung von Tarvelo optimieren zu können. Auf diese Art können wir z.B. festellen, welche Spalten sich die Nutzer anzeigen lassen oder welche Designs gewählt werden. Mit diesen Informationen können wir die Voreinstellungen besser anpassen und Weiterentwicklungen besser planen.</source>
+        <translation>We don&apos;t collect any personal data; we only want to know which options are used, so that the use of Tarvelo can be made better. In this way we can see, for example, which columns users have on show or which designs are chosen. With this information we can choose better defaults and plan better what comes next.</translation>
+    </message>
+    <message>
+        <source>Abwechselnd</source>
+        <translation>Alternating</translation>
+    </message>
+    <message>
+        <source>Nur Uhrzeit</source>
+        <translation>Clock only</translation>
+    </message>
+    <message>
+        <source>Nur Spieldauer</source>
+        <translation>Run time only</translation>
+    </message>
+    <message>
+        <source>Parallel</source>
+        <translation>Parallel</translation>
+    </message>
+    <message>
+        <source>Einfach</source>
+        <translation>Simple</translation>
+    </message>
+    <message>
+        <source>Fenster</source>
+        <translation>Window</translation>
+    </message>
+    <message>
+        <source>Cool</source>
+        <translation>Cool</translation>
+    </message>
+    <message>
+        <source>Max. %1 Einträge erlaubt!</source>
+        <translation>Max. %1 entries allowed!</translation>
+    </message>
+    <message>
+        <source>Max. %1 Buchstaben pro Eintrag!</source>
+        <translation>Max. %1 letters for each entry!</translation>
+    </message>
+    <message>
+        <source>Einstellungen</source>
+        <translation>Settings</translation>
+    </message>
+    <message>
+        <source>Systeminformation</source>
+        <translation>System information</translation>
+    </message>
+    <message>
+        <source>Protokoll</source>
+        <translation>Log</translation>
+    </message>
+    <message>
+        <source>Information: %1</source>
+        <translation>Information: %1</translation>
+    </message>
+    <message>
+        <source>%1 verringern</source>
+        <translation>Decrease %1</translation>
+    </message>
+    <message>
+        <source>Alt+-</source>
+        <translation>Alt+-</translation>
+    </message>
+    <message>
+        <source>Strg+,</source>
+        <translation>Ctrl+,</translation>
+    </message>
+    <message>
+        <source>%1 erhöhen</source>
+        <translation>Increase %1</translation>
+    </message>
+    <message>
+        <source>Alt++</source>
+        <translation>Alt++</translation>
+    </message>
+    <message>
+        <source>Strg+.</source>
+        <translation>Ctrl+.</translation>
+    </message>
+</context>
+<context>
+    <name>SongFileActions</name>
+    <message>
+        <source>Datei kopieren nach</source>
+        <translation>Copy file to</translation>
+    </message>
+    <message>
+        <source>Das Kopieren der Datei &lt;br&gt;%1&lt;br&gt;nach&lt;br&gt;%2&lt;br&gt;hat nicht funktioniert!&lt;br&gt;&lt;br&gt;Mögliche Ursachen:&lt;ul&gt;&lt;li&gt;Die Datei ist von einem anderen Programm geöffnet&lt;/li&gt;&lt;li&gt;Die Datei existiert bereits im Zielordner&lt;/li&gt;&lt;li&gt;Es ist kein Speicher mehr frei&lt;/li&gt;&lt;li&gt;Es gibt keine Schreibberechtigung&lt;/li&gt;&lt;/ul&gt;</source>
+        <translation>Copying the file &lt;br&gt;%1&lt;br&gt;to&lt;br&gt;%2&lt;br&gt;did not work!&lt;br&gt;&lt;br&gt;Possible causes:&lt;ul&gt;&lt;li&gt;Another program has the file open&lt;/li&gt;&lt;li&gt;The file exists in the target folder already&lt;/li&gt;&lt;li&gt;There is no space left&lt;/li&gt;&lt;li&gt;There is no write permission&lt;/li&gt;&lt;/ul&gt;</translation>
+    </message>
+    <message>
+        <source>Kopiere Dateien ...</source>
+        <translation>Copying files ...</translation>
+    </message>
+    <message>
+        <source>Das Kopieren der Datei&lt;br&gt;%1&lt;br&gt;nach&lt;br&gt;%2&lt;br&gt;hat nicht funktioniert!&lt;br&gt;&lt;br&gt;Mögliche Ursachen:&lt;ul&gt;&lt;li&gt;Der Virenscanner blockiert den Kopiervorgang&lt;/li&gt;&lt;li&gt;Die Datei existiert bereits im Zielordner&lt;/li&gt;&lt;li&gt;Es ist kein Speicher mehr frei&lt;/li&gt;&lt;li&gt;Es gibt keine Schreibberechtigung&lt;/li&gt;&lt;li&gt;Mieses Karma&lt;/li&gt;&lt;/ul&gt;</source>
+        <translation>Copying the file&lt;br&gt;%1&lt;br&gt;to&lt;br&gt;%2&lt;br&gt;did not work!&lt;br&gt;&lt;br&gt;Possible causes:&lt;ul&gt;&lt;li&gt;The virus scanner blocks the copying&lt;/li&gt;&lt;li&gt;The file exists in the target folder already&lt;/li&gt;&lt;li&gt;There is no space left&lt;/li&gt;&lt;li&gt;There is no write permission&lt;/li&gt;&lt;li&gt;Bad karma&lt;/li&gt;&lt;/ul&gt;</translation>
+    </message>
+    <message>
+        <source>%1 Dateien erfolgreich kopiert.</source>
+        <translation>%1 files copied.</translation>
+    </message>
+    <message>
+        <source>Datei verschieben nach</source>
+        <translation>Move file to</translation>
+    </message>
+    <message>
+        <source>Das Verschieben der Datei &lt;br&gt;%1&lt;br&gt;nach&lt;br&gt;%2&lt;br&gt;hat nicht funktioniert!&lt;br&gt;&lt;br&gt;Mögliche Ursachen:&lt;ul&gt;&lt;li&gt;Die Datei ist von einem anderen Programm geöffnet&lt;/li&gt;&lt;li&gt;Die Datei existiert bereits im Zielordner&lt;/li&gt;&lt;li&gt;Es gibt keine Schreibberechtigung&lt;/li&gt;&lt;/ul&gt;</source>
+        <translation>Moving the file &lt;br&gt;%1&lt;br&gt;to&lt;br&gt;%2&lt;br&gt;did not work!&lt;br&gt;&lt;br&gt;Possible causes:&lt;ul&gt;&lt;li&gt;Another program has the file open&lt;/li&gt;&lt;li&gt;The file exists in the target folder already&lt;/li&gt;&lt;li&gt;There is no write permission&lt;/li&gt;&lt;/ul&gt;</translation>
+    </message>
+    <message>
+        <source>Verschiebe Dateien ...</source>
+        <translation>Moving files ...</translation>
+    </message>
+    <message>
+        <source>Das Verschieben der Datei&lt;br&gt;%1&lt;br&gt;nach&lt;br&gt;%2&lt;br&gt;hat nicht funktioniert!&lt;br&gt;&lt;br&gt;Mögliche Ursachen:&lt;ul&gt;&lt;li&gt;Der Virenscanner blockiert den Kopiervorgang&lt;/li&gt;&lt;li&gt;Die Datei ist von einem anderen Programm geöffnet&lt;/li&gt;&lt;li&gt;Die Datei existiert bereits im Zielordner&lt;/li&gt;&lt;li&gt;Es gibt keine Schreibberechtigung&lt;/li&gt;&lt;li&gt;Mieses Karma&lt;/li&gt;&lt;/ul&gt;</source>
+        <translation>Moving the file&lt;br&gt;%1&lt;br&gt;to&lt;br&gt;%2&lt;br&gt;did not work!&lt;br&gt;&lt;br&gt;Possible causes:&lt;ul&gt;&lt;li&gt;The virus scanner blocks the copying&lt;/li&gt;&lt;li&gt;Another program has the file open&lt;/li&gt;&lt;li&gt;The file exists in the target folder already&lt;/li&gt;&lt;li&gt;There is no write permission&lt;/li&gt;&lt;li&gt;Bad karma&lt;/li&gt;&lt;/ul&gt;</translation>
+    </message>
+    <message>
+        <source>%1 Dateien erfolgreich verschoben.</source>
+        <translation>%1 files moved.</translation>
+    </message>
+    <message>
+        <source>Keine Musikdatei ausgewählt.</source>
+        <translation>No music file selected.</translation>
+    </message>
+    <message>
+        <source>Audio Datei (*.mp3)</source>
+        <translation>Audio file (*.mp3)</translation>
+    </message>
+    <message>
+        <source>Zielverzeichnis auswählen</source>
+        <translation>Choose the target directory</translation>
+    </message>
+    <message>
+        <source>Aufräumen ...</source>
+        <translation>Tidying up ...</translation>
+    </message>
+    <message>
+        <source>Willst Du die ausgewählte Datei&lt;br&gt;%1&lt;br&gt;wirklich löschen?</source>
+        <translation>Do you really want to delete the selected file&lt;br&gt;%1&lt;br&gt;?</translation>
+    </message>
+    <message>
+        <source>Willst Du die %1 ausgewählten Dateien wirklich löschen?</source>
+        <translation>Do you really want to delete the %1 selected files?</translation>
+    </message>
+    <message>
+        <source>Die Datei&lt;br&gt;&lt;br&gt;%1&lt;br&gt;&lt;br&gt;konnte nicht gelöscht werden!&lt;br&gt;&lt;br&gt;Mögliche Ursachen:&lt;br&gt;&lt;ul&gt;&lt;li&gt;Der Virenscanner blockiert den Kopiervorgang&lt;/li&gt;&lt;li&gt;Die Datei ist von einem anderen Programm geöffnet&lt;/li&gt;&lt;li&gt;Die Datei wurde zwischenzeitlich entfernt&lt;/li&gt;&lt;/ul&gt;</source>
+        <translation>The file&lt;br&gt;&lt;br&gt;%1&lt;br&gt;&lt;br&gt;could not be deleted!&lt;br&gt;&lt;br&gt;Possible causes:&lt;br&gt;&lt;ul&gt;&lt;li&gt;The virus scanner blocks the copying&lt;/li&gt;&lt;li&gt;Another program has the file open&lt;/li&gt;&lt;li&gt;The file was removed in the meantime&lt;/li&gt;&lt;/ul&gt;</translation>
+    </message>
+    <message>
+        <source>Songs importieren</source>
+        <translation>Import songs</translation>
+    </message>
+    <message>
+        <source>Das Musikverzeichnis muss vorher festgelegt werden.</source>
+        <translation>The music directory has to be chosen first.</translation>
+    </message>
+    <message>
+        <source>Beim Anlegen des Verzeichnisses %1 ist ein Fehler aufgetreten. Die Operation wird abgebrochen.</source>
+        <translation>An error occurred while making the directory %1. The operation is cancelled.</translation>
+    </message>
+    <message>
+        <source>Es wurde keine Datei kopiert!</source>
+        <translation>No file was copied!</translation>
+    </message>
+    <message>
+        <source>Das Kopieren von&lt;br&gt;%1&lt;br&gt; nach &lt;br&gt;%2&lt;br&gt;hat nicht funktioniert!&lt;br&gt;&lt;br&gt;Mögliche Ursachen:&lt;ul&gt;&lt;li&gt;Der Virenscanner blockiert den Kopiervorgang&lt;/li&gt;&lt;li&gt;Die Datei existiert bereits im Zielordner&lt;/li&gt;&lt;li&gt;Kein freier Speicher mehr&lt;/li&gt;&lt;/ul&gt;&lt;br&gt;&lt;br&gt;Fortfahren?</source>
+        <translation>Copying&lt;br&gt;%1&lt;br&gt; to &lt;br&gt;%2&lt;br&gt;did not work!&lt;br&gt;&lt;br&gt;Possible causes:&lt;ul&gt;&lt;li&gt;The virus scanner blocks the copying&lt;/li&gt;&lt;li&gt;The file exists in the target folder already&lt;/li&gt;&lt;li&gt;No space left&lt;/li&gt;&lt;/ul&gt;&lt;br&gt;&lt;br&gt;Continue?</translation>
+    </message>
+    <message>
+        <source>Es wurde eine Datei in das Unterverzeichnis &apos;%1&apos; kopiert.</source>
+        <translation>One file was copied to the subdirectory &apos;%1&apos;.</translation>
+    </message>
+    <message>
+        <source>Es wurden %1 Dateien in das Unterverzeichnis &apos;%2&apos; kopiert.</source>
+        <translation>%1 files were copied to the subdirectory &apos;%2&apos;.</translation>
+    </message>
+    <message>
+        <source>Die Datei ist in die Windows Zwischenablage kopiert worden und kann jetzt z.B. auf den Desktop oder in ein beliebiges Verzeichnis eingefügt werden.</source>
+        <translation>The file was copied to the clipboard and can now be pasted, for example, onto the desktop or into any directory.</translation>
+    </message>
+    <message>
+        <source>Der Cache für die Datei&lt;br&gt;%1&lt;br&gt;konnte nicht bereinigt werden oder wurde bereits gelöscht!</source>
+        <translation>The cache of the file&lt;br&gt;%1&lt;br&gt;could not be cleaned or was deleted already!</translation>
     </message>
 </context>
 <context>
@@ -616,6 +1344,13 @@ Selected: %3</translation>
     <message>
         <source>Die Datei&lt;br&gt;%1&lt;br&gt;ist eine Musikdatei und wird nicht überschrieben. Bitte wähle einen anderen Namen.</source>
         <translation>The file&lt;br&gt;%1&lt;br&gt;is a music file and will not be overwritten. Please choose another name.</translation>
+    </message>
+</context>
+<context>
+    <name>SongListFilterHandler</name>
+    <message>
+        <source>Filtern nach %1</source>
+        <translation>Filter by %1</translation>
     </message>
 </context>
 <context>
@@ -834,6 +1569,25 @@ Selected: %3</translation>
     <message>
         <source>Unbekannt</source>
         <translation>Unknown</translation>
+    </message>
+</context>
+<context>
+    <name>SongTableColumns</name>
+    <message>
+        <source>Breite anpassen</source>
+        <translation>Fit Width</translation>
+    </message>
+    <message>
+        <source>Spalte ausblenden</source>
+        <translation>Hide Column</translation>
+    </message>
+    <message>
+        <source>Spalte links einblenden</source>
+        <translation>Show Column to the Left</translation>
+    </message>
+    <message>
+        <source>Spalte rechts einblenden</source>
+        <translation>Show Column to the Right</translation>
     </message>
 </context>
 <context>
