@@ -1,6 +1,7 @@
 #include "../playlists/TestLibrary.h"
 #include "Clock.h"
 #include "DateRange.h"
+#include "DialogRunner.h"
 #include "FilterComboBox.h"
 #include "FilterTableView.h"
 #include "FilterTexts.h"
@@ -30,6 +31,8 @@
 #include <QVBoxLayout>
 #include <QWheelEvent>
 
+#include <functional>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -57,6 +60,15 @@ public:
         return u'*' + QString::fromUtf8(source);
     }
 };
+
+// In place of a user whom the row asks for dates; closes the dialog.
+void answerDateRange(const std::function<void(DateRange &)> &answer)
+{
+    setDialogRunner([answer](QDialog &dialog) {
+        answer(static_cast<DateRange &>(dialog));
+        return dialog.result();
+    });
+}
 
 } // namespace
 
@@ -170,7 +182,7 @@ void TestFilterRow::cleanup()
     window.reset();
     songs.reset();
     Clock::setClock({});
-    setDateRangeRunner({});
+    setDialogRunner({});
     SongListTableModel::setHighIntermediateName({});
     qApp->setStyleSheet({});
     setThemeContext({40, 40}, u":/Dark_Night"_s);
@@ -333,7 +345,7 @@ void TestFilterRow::theSongsFollow()
     songs->song(u"c"_s)->setChoreographer({});
     panel->model()->refresh();
     QCOMPARE(shown(), u"abc"_s);
-    setDateRangeRunner([](DateRange &dialog) {
+    answerDateRange([](DateRange &dialog) {
         dialog.fromCalendar()->setSelectedDate(QDate(2026, 2, 28));
         dialog.toCalendar()->setSelectedDate(QDate(2026, 3, 1));
         dialog.accept();
@@ -342,7 +354,7 @@ void TestFilterRow::theSongsFollow()
     QCOMPARE(shown(), u"b"_s);
     choose(FileDateColumn, u"Seit Gestern"_s);
     QVERIFY(shown().contains(u"c"_s) && !shown().contains(u"b"_s));
-    setDateRangeRunner([](DateRange &dialog) { dialog.reject(); });
+    answerDateRange([](DateRange &dialog) { dialog.reject(); });
     choose(FileDateColumn, FilterTexts::dateRange());
     QCOMPARE(shown(), u"abc"_s);
 }
@@ -549,7 +561,7 @@ void TestFilterRow::aDateRange()
 {
     QFETCH(int, column);
     QList<QDate> preset;
-    setDateRangeRunner([&](DateRange &dialog) {
+    answerDateRange([&](DateRange &dialog) {
         preset = {dialog.fromCalendar()->selectedDate(), dialog.toCalendar()->selectedDate()};
         dialog.fromCalendar()->setSelectedDate(QDate(2026, 2, 3));
         dialog.accept();
@@ -570,7 +582,7 @@ void TestFilterRow::aDateRangeCancelled_data()
 void TestFilterRow::aDateRangeCancelled()
 {
     QFETCH(int, column);
-    setDateRangeRunner([](DateRange &dialog) { dialog.reject(); });
+    answerDateRange([](DateRange &dialog) { dialog.reject(); });
     choose(column, u"Heute"_s);
     const QSignalSpy applied(row(), &SongListFilterHandler::adaptFilterStats);
     choose(column, FilterTexts::dateRange());
@@ -583,7 +595,7 @@ void TestFilterRow::aDateRangeCancelled()
 void TestFilterRow::aDateRangeChosenAgain()
 {
     int asked = 0;
-    setDateRangeRunner([&](DateRange &dialog) {
+    answerDateRange([&](DateRange &dialog) {
         ++asked;
         dialog.accept();
     });
@@ -606,7 +618,7 @@ void TestFilterRow::aDateRangeChosenAgain()
 void TestFilterRow::aRefillAsksForNoDates()
 {
     int asked = 0;
-    setDateRangeRunner([&](DateRange &dialog) {
+    answerDateRange([&](DateRange &dialog) {
         ++asked;
         dialog.accept();
     });
@@ -619,7 +631,7 @@ void TestFilterRow::aRefillAsksForNoDates()
 
 void TestFilterRow::resetFilters()
 {
-    setDateRangeRunner([](DateRange &dialog) { dialog.accept(); });
+    answerDateRange([](DateRange &dialog) { dialog.accept(); });
     for (int column = 0; column < SongColumnCount; ++column) {
         if (row()->comboBox(column))
             row()->comboBox(column)->setCurrentIndex(1);

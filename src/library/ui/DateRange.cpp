@@ -1,5 +1,6 @@
 #include "DateRange.h"
 
+#include "DialogRunner.h"
 #include "MessageBoxes.h"
 
 #include <QCalendarWidget>
@@ -47,29 +48,13 @@ void setUp(QCalendarWidget *calendar, const QString &name)
         calendar->setWeekdayTextFormat(day, calendar->weekdayTextFormat(Qt::Monday));
 }
 
-void runDialog(DateRange &dialog)
-{
-    centerOnActiveWindow(&dialog);
-    dialog.exec();
-}
-
-DateRangeRunner &dialogRunner()
-{
-    static DateRangeRunner runner = runDialog;
-    return runner;
-}
-
 } // namespace
-
-void setDateRangeRunner(const DateRangeRunner &runner)
-{
-    dialogRunner() = runner ? runner : runDialog;
-}
 
 void askDateRange(QDate *from, QDate *to, QWidget *parent)
 {
     DateRange dialog(from, to, parent);
-    dialogRunner()(dialog);
+    centerOnActiveWindow(&dialog);
+    runDialog(dialog);
 }
 
 DateRange::DateRange(QDate *from, QDate *to, QWidget *parent)

@@ -3,8 +3,6 @@
 #include <QDate>
 #include <QDialog>
 
-#include <functional>
-
 class QCalendarWidget;
 
 // Asks for a span of dates, both ends included, in two calendars of which each bounds the other.
@@ -36,8 +34,3 @@ private:
 
 // Asks in the middle of the active window, and returns when the user has answered.
 void askDateRange(QDate *from, QDate *to, QWidget *parent);
-
-// What waits for the user goes through here: a test puts in a function of its own, which has to
-// close the dialog. An empty function brings the real one back.
-using DateRangeRunner = std::function<void(DateRange &)>;
-void setDateRangeRunner(const DateRangeRunner &runner);
