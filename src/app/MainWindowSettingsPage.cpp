@@ -216,7 +216,7 @@ void MainWindow::chooseMusicDir()
                "mehr funktionieren, wenn das Playlist-Verzeichnis nicht auch entsprechend "
                "verschoben wird!"));
     const QString directory = chooseDirectory(this, tr("Verzeichnis mit Musik auswählen:"), before);
-    if (directory.isEmpty())
+    if (directory.isEmpty() || !promptSaves())
         return;
     settings.set(Key::MusicDir, directory);
     settingsPage->setValue(Key::MusicDir, directory);
@@ -244,7 +244,7 @@ void MainWindow::choosePlaylistDir()
 {
     const QString directory = chooseDirectory(this, tr("Playlist-Verzeichnis auswählen:"),
                                               settings.text(Key::PlaylistDir));
-    if (directory.isEmpty())
+    if (directory.isEmpty() || !promptSaves())
         return;
     setPlaylistDir(directory);
     saveSettings();

@@ -70,6 +70,7 @@ private Q_SLOTS:
     void musicDirOfItsOwn();
     void musicDirWithThePlaylists();
     void musicDirLeftAsItWas();
+    void changedListIsAskedAbout();
     void musicDirOfAFirstRun();
     void playlistDir();
     void cacheOffAndOn();
@@ -642,6 +643,27 @@ void TestSettingsPage::musicDirLeftAsItWas()
 }
 
 // The columns are fitted to the first songs; later on the user's widths stay.
+void TestSettingsPage::changedListIsAskedAbout()
+{
+    startAtSettings();
+    auto *list = find<SongListPanel>("framePlaylist");
+    const SongPtr song = tarvelo->getSongManager()->getSongs().values().constFirst();
+    list->model()->addSongs({song});
+    directory = other->path();
+    for (const char *button : {"buttonMusicDir", "buttonPlaylistDir"}) {
+        boxes.clear();
+        answer = QMessageBox::Cancel;
+        click(button);
+        QVERIFY(boxes.constLast().text.contains(u"wurde geändert.<br>Speichern?"_qs));
+        QCOMPARE(Settings::musicDir(), music->path());
+        QVERIFY(list->list()->isModified());
+    }
+    answer = QMessageBox::No;
+    click("buttonPlaylistDir");
+    QCOMPARE(Settings::playlistDir(), other->path());
+    QVERIFY(!list->list()->isModified());
+}
+
 void TestSettingsPage::musicDirOfAFirstRun()
 {
     useLibrary();

@@ -129,9 +129,7 @@ void SongListPanel::connectList()
     connect(songModel, &SongListTableModel::notifyModelChanged, this, &SongListPanel::followChange);
     connect(songModel, &QAbstractItemModel::modelAboutToBeReset, this,
             &SongListPanel::keepSelection);
-    for (const auto signal : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved})
-        connect(songFilter, signal, this, &SongListPanel::adaptPlaylistInfoSoon);
-    connect(songFilter, &QAbstractItemModel::layoutChanged, this,
+    connect(songFilter, &SongListFilter::filtersApplied, this,
             &SongListPanel::adaptPlaylistInfoSoon);
 }
 
@@ -274,7 +272,7 @@ void SongListPanel::adaptPlaylistInfo()
                              .arg(QString::number(shown), QString::number(total), length));
 }
 
-// A filter takes its rows away in many steps.
+// Adding up the lengths can wait for the key that comes next.
 void SongListPanel::adaptPlaylistInfoSoon()
 {
     if (playlistWidgets->isHidden())
