@@ -226,8 +226,8 @@ void TestSettingsPage::informationTexts_data()
 
 void TestSettingsPage::informationTexts()
 {
-    startAtSettings();
-    click(QTest::currentDataTag());
+    const SettingsPage alone;
+    alone.findChild<QAbstractButton *>(QLatin1String(QTest::currentDataTag()))->click();
     QCOMPARE(boxes.size(), 1);
     QCOMPARE(boxes.constFirst().title, u"Information ..."_qs);
     QTEST(boxes.constFirst().text, "text");
@@ -250,22 +250,32 @@ void TestSettingsPage::numbersAndTheirButtons_data()
 void TestSettingsPage::numbersAndTheirButtons()
 {
     QFETCH(int, step);
-    startAtSettings();
+    const SettingsPage alone;
     const QString name = QLatin1String(QTest::currentDataTag());
-    auto *box = window->findChild<QSpinBox *>(u"spinBox"_qs + name);
+    auto *box = alone.findChild<QSpinBox *>(u"spinBox"_qs + name);
     QTEST(box->minimum(), "least");
     QTEST(box->maximum(), "most");
     QTEST(box->suffix(), "suffix");
     QCOMPARE(box->singleStep(), step);
     QCOMPARE(box->buttonSymbols(), QAbstractSpinBox::NoButtons);
     QVERIFY(box->alignment() & Qt::AlignRight);
+    box->setValue(50);
     const int before = box->value();
-    window->findChild<QPushButton *>(u"button%1Plus"_qs.arg(name))->click();
-    QCOMPARE(box->value(), before + step);
-    window->findChild<QPushButton *>(u"button%1Minus"_qs.arg(name))->click();
-    QCOMPARE(box->value(), before);
-    const auto *plus = window->findChild<QPushButton *>(u"button%1Plus"_qs.arg(name));
+    auto *plus = alone.findChild<QPushButton *>(u"button%1Plus"_qs.arg(name));
+    auto *minus = alone.findChild<QPushButton *>(u"button%1Minus"_qs.arg(name));
     QCOMPARE(plus->width(), plus->height());
+    QCOMPARE(minus->size(), plus->size());
+    QSignalSpy stepped(&alone, &SettingsPage::stepped);
+    minus->click();
+    plus->click();
+    QCOMPARE(stepped.size(), 2);
+    QCOMPARE(stepped.at(0).at(1).toInt(), -step);
+    QCOMPARE(stepped.at(1).at(1).toInt(), step);
+    // The frame's height is the window's to set.
+    const bool follows = name != u"FrameSize"_qs;
+    box->setValue(before - (follows ? step : 0));
+    plus->click();
+    QCOMPARE(box->value(), before);
 }
 
 void TestSettingsPage::fieldsTakeSoMuch_data()
@@ -283,8 +293,9 @@ void TestSettingsPage::fieldsTakeSoMuch_data()
 
 void TestSettingsPage::fieldsTakeSoMuch()
 {
-    startAtSettings();
-    QTEST(find<QLineEdit>(QTest::currentDataTag())->maxLength(), "most");
+    const SettingsPage alone;
+    const QLatin1String name(QTest::currentDataTag());
+    QTEST(alone.findChild<QLineEdit *>(name)->maxLength(), "most");
 }
 
 void TestSettingsPage::tempoLimitsKeepTheirOrder()

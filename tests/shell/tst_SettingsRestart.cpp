@@ -338,7 +338,7 @@ void TestSettingsRestart::damagedStores()
     QVERIFY(whole.size() > 1000);
     const QTemporaryDir place;
     std::mt19937 random(20241206);
-    for (int round = 0; round < 500; ++round) {
+    for (int round = 0; round < 200; ++round) {
         const QString path = place.filePath(u"%1.ini"_qs.arg(round));
         QFile file(path);
         QVERIFY(file.open(QIODevice::WriteOnly));
@@ -358,7 +358,7 @@ void TestSettingsRestart::damagedStores()
 void TestSettingsRestart::damagedStoresStart_data()
 {
     QTest::addColumn<unsigned>("seed");
-    for (unsigned seed = 1; seed <= 8; ++seed)
+    for (unsigned seed = 1; seed <= 5; ++seed)
         QTest::addRow("%u", seed) << seed;
 }
 
