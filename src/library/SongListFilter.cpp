@@ -157,11 +157,11 @@ void SongListFilter::answer() const
             answers[row] = passes(static_cast<int>(row));
 }
 
-// More letters make a word longer, or another word: only quotes may turn it into something else.
+// What is typed behind a text makes its last word or phrase longer, or begins another one.
 bool SongListFilter::Question::narrows(const Question &other) const
 {
-    return !other.everything && text.startsWith(other.text) && !text.contains(u'"')
-           && filterTexts == other.filterTexts && terms == other.terms;
+    return !other.everything && text.startsWith(other.text) && filterTexts == other.filterTexts
+           && terms == other.terms;
 }
 
 SongListFilter::Question SongListFilter::ask() const
