@@ -1,3 +1,4 @@
+#include "ElidingComboBox.h"
 #include "FileDialogs.h"
 #include "FileSystem.h"
 #include "FrozenTableView.h"
@@ -93,7 +94,10 @@ private:
     QString shown(const SongListPanel &panel) const;
     QString path(const QString &name) const { return songs->lists.filePath(name); }
     QByteArray content(const QString &name) const;
-    static QComboBox *box(const SongListPanel &panel) { return panel.findChild<QComboBox *>(); }
+    static QComboBox *box(const SongListPanel &panel)
+    {
+        return panel.findChild<ElidingComboBox *>();
+    }
 
     std::unique_ptr<TestSongs> songs;
     std::unique_ptr<SongListPanel> right;

@@ -1,10 +1,12 @@
 #include "WindowFixture.h"
 
+#include "DialogRunner.h"
 #include "LibraryPage.h"
 #include "MessageBoxes.h"
 #include "Samples.h"
 
 #include <QAction>
+#include <QDialog>
 #include <QtTest>
 
 using Settings::Key;
@@ -17,13 +19,20 @@ void WindowFixture::prepareSample()
 void WindowFixture::prepareWindow()
 {
     Settings::factoryReset();
-    boxes.clear();
     answer = QMessageBox::Ok;
     music = std::make_unique<QTemporaryDir>();
+    answerQuestions();
+}
+
+void WindowFixture::answerQuestions()
+{
+    boxes.clear();
     setBoxRunner([this](QMessageBox &box) {
         boxes.append({box.windowTitle(), box.text()});
         return answer;
     });
+    // A question that no test has an answer for would wait for ever.
+    setDialogRunner([](QDialog &) { return int(QDialog::Rejected); });
 }
 
 void WindowFixture::dropWindow()
@@ -31,6 +40,7 @@ void WindowFixture::dropWindow()
     window.reset();
     tarvelo.reset();
     setBoxRunner({});
+    setDialogRunner({});
 }
 
 void WindowFixture::start()

@@ -26,6 +26,8 @@ protected:
     void prepareSample();
     void prepareWindow();
     void dropWindow();
+    // Message boxes get the answer that is set, dialogs are cancelled; until the window is dropped.
+    void answerQuestions();
 
     // Brings the window up as main does.
     void start();

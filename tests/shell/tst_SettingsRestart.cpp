@@ -1,5 +1,4 @@
 #include "BottomFrame.h"
-#include "MessageBoxes.h"
 #include "PositionsTable.h"
 #include "SettingsPage.h"
 #include "SongListTableModel.h"
@@ -56,11 +55,7 @@ void TestSettingsRestart::restart()
 {
     QVERIFY(window->byeBye());
     dropWindow();
-    boxes.clear();
-    setBoxRunner([this](QMessageBox &box) {
-        boxes.append({box.windowTitle(), box.text()});
-        return answer;
-    });
+    answerQuestions();
     start();
 }
 
@@ -371,10 +366,7 @@ void TestSettingsRestart::damagedStoresStart()
     const QByteArray whole = storeAsIni();
     QVERIFY(window->byeBye());
     dropWindow();
-    setBoxRunner([this](QMessageBox &box) {
-        boxes.append({box.windowTitle(), box.text()});
-        return answer;
-    });
+    answerQuestions();
     std::mt19937 random(seed);
     startWith(damage(whole, random));
     // It comes up whole, and every value is one that its widget can show.

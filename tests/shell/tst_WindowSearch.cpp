@@ -129,7 +129,7 @@ void TestWindowSearch::bothListsMayShowTheLibrary()
     field()->setText(u"rocky"_s);
     QCOMPARE(titles(left()), QStringList{u"Rocky Top"_s});
     QCOMPARE(titles(right()), QStringList{u"Rocky Top"_s});
-    QVERIFY(left()->findChild<QLabel *>(u"labelPlaylistInfoL"_s)->text().startsWith(u"1/3"_s));
+    QTRY_VERIFY(left()->findChild<QLabel *>(u"labelPlaylistInfoL"_s)->text().startsWith(u"1/3"_s));
 }
 
 void TestWindowSearch::tempoBandsAreThoseOfTheSettings()
