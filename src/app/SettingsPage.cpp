@@ -77,11 +77,6 @@ const SettingsPage::Built *SettingsPage::builtFor(Key key) const
     return found == builtItems.cend() ? nullptr : &*found;
 }
 
-template <typename Widget> Widget *SettingsPage::widgetOf(Key key) const
-{
-    return qobject_cast<Widget *>(builtFor(key)->widget);
-}
-
 QVariant SettingsPage::value(Key key) const
 {
     if (const QButtonGroup *group = groups.value(static_cast<int>(key)))

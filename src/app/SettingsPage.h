@@ -101,7 +101,10 @@ private:
     void fitNumbers();
     void showSample();
     const Built *builtFor(Settings::Key key) const;
-    template <typename Widget> Widget *widgetOf(Settings::Key key) const;
+    template <typename Widget> Widget *widgetOf(Settings::Key key) const
+    {
+        return qobject_cast<Widget *>(builtFor(key)->widget);
+    }
 
     QList<Built> builtItems;
     QHash<int, QButtonGroup *> groups; // by key

@@ -495,9 +495,9 @@ void TestEventEditor::textsFitAtAnyFontSize_data()
 {
     QTest::addColumn<QString>("theme");
     QTest::addColumn<int>("points");
-    for (const char *theme : {"Dark Night", "Bright Morning"})
+    for (const QString &theme : {QStringLiteral("Dark Night"), QStringLiteral("Bright Morning")})
         for (const int points : {8, 15, 20, 30, 50, 70})
-            QTest::addRow("%s %d", theme, points) << theme << points;
+            QTest::addRow("%s %d", qPrintable(theme), points) << theme << points;
 }
 
 void TestEventEditor::textsFitAtAnyFontSize()
