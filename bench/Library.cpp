@@ -226,6 +226,14 @@ void reportPaint(SongListPanel &panel)
     Bench::report("library.paint_ms", Bench::median(times));
 }
 
+void reportRefill(const SongListPanel &panel)
+{
+    QList<double> times;
+    for (int round = 0; round < rounds; ++round)
+        times.append(Bench::onceOnProcessor([&] { panel.filterRow()->handleModelChanged(); }));
+    Bench::report("library.refill_ms", Bench::median(times));
+}
+
 // With every song in the library, and shown.
 void reportPlaylist(SongListPanel &panel, RecordLibrary &library, const QString &file)
 {
@@ -284,6 +292,7 @@ int main(int argc, char *argv[])
     panel.filter()->applyFilters();
     reportSearch(panel, field);
     reportFilters(panel);
+    reportRefill(panel);
     reportSort(panel);
     reportPaint(panel);
     reportPlaylist(panel, library, home.filePath(u"long.m3u8"_s));
