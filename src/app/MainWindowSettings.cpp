@@ -13,6 +13,7 @@
 #include "SettingsPage.h"
 #include "SongListPanel.h"
 #include "SongListTableModel.h"
+#include "SoundKeeper.h"
 #include "TempoTexts.h"
 #include "Theme.h"
 #include "ThemeContext.h"
@@ -179,6 +180,7 @@ void MainWindow::applyTheme()
                 .arg(theme.directory, QStringLiteral(":/%1/StyleSheet.qss").arg(theme.directory)));
         return;
     }
+    const SoundKeeper keeper(player);
     const QString filled
         = filledStyleSheet(sheet, {.screenDpi = screenDpi,
                                    .fontSize = settingsPage->fontSize(),

@@ -41,6 +41,8 @@ public:
     bool isPresent() const;
     // Gives a lost output up: the next start opens one anew, also where it has the same name.
     void giveUp();
+    // Takes what fits out of the source now, and not at the next turn of the event loop.
+    void pullAtOnce();
     // Factor; above 1.0 is no louder. Without an output it has no effect, also not later.
     void setVolume(double factor);
 
@@ -50,7 +52,6 @@ Q_SIGNALS:
 private:
     bool fits(const QAudioFormat &format) const;
     void create(const QAudioDevice &wanted, const QAudioFormat &format);
-    void pullAtOnce();
     void onStateChanged(QAudio::State state);
 
     QAudioSink *sink = nullptr;

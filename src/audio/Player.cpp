@@ -91,6 +91,11 @@ int Player::getPlaytime() const
     return engine->getSong() ? engine->getPlaytime() : 0;
 }
 
+void Player::keepSounding()
+{
+    engine->keepSounding();
+}
+
 double Player::getTempo() const
 {
     return (engine->getTempo() - 1.0) * 100.0;

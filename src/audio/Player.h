@@ -44,6 +44,9 @@ public:
     // 0 without a song, below 0 during the foreplay.
     int getPlaytime() const;
     double getTempo() const;
+    // Gives the output what it can take. For who keeps the event loop waiting for longer than the
+    // sound that is ready lasts (some 200 ms), every now and then; nothing is told meanwhile.
+    void keepSounding();
 
 public Q_SLOTS:
     void start();

@@ -33,6 +33,8 @@ public:
     bool isPlayingNow() const { return isPlaying; }
     // Milliseconds of the song, as last told.
     int getPlaytime() const { return playtime; }
+    // See Player.
+    void keepSounding();
     // Factor, 0.6 to 1.4.
     double getTempo() const { return tempo; }
     // As they were handed to doStartLoop(); 0 when no loop was started since the last stop.

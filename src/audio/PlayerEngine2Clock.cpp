@@ -142,3 +142,11 @@ void PlayerEngine2::forgetPartAtStart()
     if (startPosition == 0 && activePart >= 1)
         setActivePart(-1);
 }
+
+// Not near the end: what follows an end is for the event loop.
+void PlayerEngine2::keepSounding()
+{
+    constexpr int endMs = 3000;
+    if (isPlaying && song && playtime < song->getPlayLength() * 1000 - endMs && !device.hasEnded())
+        output.pullAtOnce();
+}
