@@ -260,6 +260,8 @@ bool MainWindow::byeBye()
         return true;
     if (positionEditorOpen || !promptSaves())
         return false;
+    // A number that was typed counts when its field is left.
+    takeFocusBack();
     saveSettings();
     if (startingUp) {
         quitRequested = true;

@@ -146,6 +146,8 @@ private:
     // Asks for each list on show that has changed whether it is to be saved; false when the user
     // wants to stay.
     bool promptSaves();
+    // What refreshAllLists() does once that is settled.
+    void readAllLists();
     void showPlaylist(bool shown);
     void togglePlaylistManager();
     void showPlaylistManager(bool shown);

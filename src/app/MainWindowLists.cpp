@@ -31,8 +31,8 @@ void MainWindow::connectSongList(SongListPanel *panel)
         actions->menu(MenuId::LibraryContext)->popup(global);
     });
     const SongListFilterHandler *filters = panel->filterRow();
-    connect(filters, &SongListFilterHandler::adaptFilterStats, this,
-            &MainWindow::refreshFilterStats);
+    // A selected song that a filter hides is no longer selected, without a word from the table.
+    connect(filters, &SongListFilterHandler::adaptFilterStats, this, &MainWindow::followSelection);
     connect(filters, &SongListFilterHandler::musicListScrolled, this, &MainWindow::scrollLibrary);
     connect(filters, &SongListFilterHandler::focusReturned, this, &MainWindow::takeFocusBack);
     for (QLineEdit *field : filters->lineEdits())
@@ -89,8 +89,12 @@ void MainWindow::refreshMusicList()
 // The splash screen runs the event loop: what comes in meanwhile must not scan again.
 void MainWindow::refreshAllLists()
 {
-    if (scanning || !promptSaves())
-        return;
+    if (!scanning && promptSaves())
+        readAllLists();
+}
+
+void MainWindow::readAllLists()
+{
     libraryPage->songList()->ensureList(app->getSongManager()->getPlaylist(0));
     showPlaylist(false);
     refreshMusicList();

@@ -227,7 +227,7 @@ void MainWindow::chooseMusicDir()
     for (const Key key : {Key::PlaylistDir, Key::MusicDir, Key::PosImExDir})
         Settings::setValue(key, settings.text(key));
     Settings::instance()->sync();
-    refreshAllLists();
+    readAllLists();
     if (!settingsLoaded)
         fitFirstColumns();
     settingsLoaded = true;

@@ -129,8 +129,13 @@ void SongListPanel::connectList()
     connect(songModel, &SongListTableModel::notifyModelChanged, this, &SongListPanel::followChange);
     connect(songModel, &QAbstractItemModel::modelAboutToBeReset, this,
             &SongListPanel::keepSelection);
-    connect(songFilter, &SongListFilter::filtersApplied, this,
-            &SongListPanel::adaptPlaylistInfoSoon);
+    connect(songFilter, &SongListFilter::filtersApplied, this, [this] {
+        adaptPlaylistInfoSoon();
+        // A selected song may be out of sight now, and so no longer selected.
+        adaptPlaylistButtons();
+        if (other)
+            other->adaptPlaylistButtons();
+    });
 }
 
 void SongListPanel::connectTable()
@@ -185,6 +190,7 @@ void SongListPanel::adaptToKind()
     const bool isLibrary = songModel->isMaster();
     songFilter->setGlobalSearchEnabled(isLibrary);
     view->setSortingEnabled(isLibrary);
+    view->horizontalHeader()->setSectionsClickable(isLibrary);
     view->setSelectionMode(isLibrary ? QAbstractItemView::ExtendedSelection
                                      : QAbstractItemView::SingleSelection);
 }

@@ -120,9 +120,13 @@ bool SongTableColumns::restore(const QByteArray &config)
 {
     QHeaderView *header = view->horizontalHeader();
     const QByteArray before = header->saveState();
+    const bool sortable = header->sectionsClickable();
     const bool restored = header->restoreState(config);
     if (!restored)
         header->restoreState(before);
+    // Whether the list can be sorted is a matter of the one on show.
+    header->setSectionsClickable(sortable);
+    header->setSortIndicatorShown(sortable);
     placed = placed || restored;
     view->refreshFrozenColumns();
     return restored;
