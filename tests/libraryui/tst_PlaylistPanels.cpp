@@ -77,6 +77,7 @@ private Q_SLOTS:
     void aDropKeepsTheSelection();
 
     void buttonsFollow();
+    void buttonsFollowTheFilter();
     void aDisabledPanelDoesNothing();
     void theStatisticsFollowTheFilter();
     void theListAsText();
@@ -184,9 +185,7 @@ void TestPlaylistPanels::select(SongListPanel &panel, int row) const
 void TestPlaylistPanels::showOnly(SongListPanel &panel, const QString &title)
 {
     panel.model()->setFilterText(title, TitleColumn);
-    panel.filter()->setFilterKeyColumn(TitleColumn);
-    panel.filter()->setFilterRegularExpression(QRegularExpression(u'^' + title + u'$'));
-    panel.filter()->invalidate();
+    panel.filter()->applyFilters();
 }
 
 QString TestPlaylistPanels::shown(const SongListPanel &panel) const
@@ -775,6 +774,20 @@ void TestPlaylistPanels::buttonsFollow()
     select(*left, 1);
     QVERIFY(isEnabled(*left, u"EntryRemove"_s));
     left->selection().clear();
+    QVERIFY(!isEnabled(*left, u"EntryRemove"_s));
+}
+
+// A song that is out of sight is not selected.
+void TestPlaylistPanels::buttonsFollowTheFilter()
+{
+    select(*right, 1);
+    QVERIFY(isEnabled(*left, u"AddEntry"_s));
+    showOnly(*right, u"no such song"_s);
+    QVERIFY(!isEnabled(*left, u"AddEntry"_s));
+    choose(*left, 2);
+    select(*left, 1);
+    QVERIFY(isEnabled(*left, u"EntryRemove"_s));
+    showOnly(*left, u"no such song"_s);
     QVERIFY(!isEnabled(*left, u"EntryRemove"_s));
 }
 

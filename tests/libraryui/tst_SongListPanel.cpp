@@ -42,6 +42,8 @@ private Q_SLOTS:
     void listsAreChosen();
     void aPlaylistOnTheRight();
     void theOrderOfAPlaylist();
+    void headingsOfAPlaylistSortNothing();
+    void whetherItSortsIsNotRestored();
     void listsThatComeAndGo();
     void aRescanKeepsTheList();
     void theLengthIsTold();
@@ -286,6 +288,46 @@ void TestSongListPanel::theOrderOfAPlaylist()
     QCOMPARE(shown(*right), u"bca"_s);
     box(*right)->setCurrentIndex(0);
     QCOMPARE(shown(*right), u"abc"_s);
+}
+
+void TestSongListPanel::headingsOfAPlaylistSortNothing()
+{
+    songs->playlist(u"evening.m3u8"_s, u"bca"_s);
+    right->show();
+    const QHeaderView *header = right->table()->horizontalHeader();
+    const auto clickHeading = [header](int column) {
+        const QPoint place(header->sectionViewportPosition(column) + 20, header->height() / 2);
+        QTest::mouseClick(header->viewport(), Qt::LeftButton, {}, place);
+    };
+    right->table()->sortByColumn(TitleColumn, Qt::DescendingOrder);
+    box(*right)->setCurrentIndex(2);
+    clickHeading(ArtistColumn);
+    QCOMPARE(shown(*right), u"bca"_s);
+    box(*right)->setCurrentIndex(0);
+    QCOMPARE(shown(*right), u"cba"_s);
+    QCOMPARE(header->sortIndicatorSection(), int(TitleColumn));
+    clickHeading(TitleColumn);
+    QCOMPARE(shown(*right), u"abc"_s);
+}
+
+// That is a matter of the list on show.
+void TestSongListPanel::whetherItSortsIsNotRestored()
+{
+    songs->playlist(u"evening.m3u8"_s, u"bca"_s);
+    right->show();
+    left->show();
+    const QByteArray ofTheLibrary = right->columnConfig();
+    box(*right)->setCurrentIndex(2);
+    const QByteArray ofAPlaylist = right->columnConfig();
+    box(*right)->setCurrentIndex(0);
+    const auto canSort = [](const SongListPanel &panel) {
+        const QHeaderView *header = panel.table()->horizontalHeader();
+        return header->isSortIndicatorShown() && header->sectionsClickable();
+    };
+    QVERIFY(right->restoreColumnConfig(ofAPlaylist));
+    QVERIFY(canSort(*right));
+    QVERIFY(left->restoreColumnConfig(ofTheLibrary));
+    QVERIFY(!canSort(*left));
 }
 
 void TestSongListPanel::listsThatComeAndGo()

@@ -35,6 +35,7 @@ private Q_SLOTS:
     void windowKeysBesideChoices_data();
     void windowKeysBesideChoices();
     void lettersAreTyped();
+    void numberTypedLastCounts();
     void workedByKeysStays();
     void controlTabLeavesThePage();
     void wheelPassesBy();
@@ -196,6 +197,20 @@ void TestSettingsKeys::lettersAreTyped()
     QCOMPARE(window->getTempo(), 0);
     QVERIFY(field->hasFocus());
     QVERIFY(!window->isPaused());
+}
+
+// Also where nothing but the end of the program follows.
+void TestSettingsKeys::numberTypedLastCounts()
+{
+    start();
+    window->showScreen(SettingsScreen);
+    page()->setCurrentIndex(0);
+    auto *field = find<QSpinBox>("spinBoxRegisterPlay");
+    field->setFocus(Qt::TabFocusReason);
+    field->selectAll();
+    QTest::keyClicks(field, u"123"_qs);
+    QVERIFY(window->byeBye());
+    QCOMPARE(Settings::value(Key::RegisterPlay).toInt(), 123);
 }
 
 // Otherwise whoever tabs to a number would lose it with the first step.

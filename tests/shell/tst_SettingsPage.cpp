@@ -669,8 +669,14 @@ void TestSettingsPage::changedListIsAskedAbout()
         QVERIFY(list->list()->isModified());
     }
     answer = QMessageBox::No;
-    click("buttonPlaylistDir");
+    for (const char *button : {"buttonPlaylistDir", "buttonMusicDir"}) {
+        boxes.clear();
+        click(button);
+        QCOMPARE(boxes.constLast().text.count(u"wurde geändert.<br>Speichern?"_qs), 1);
+        QVERIFY(boxes.size() <= 2); // that the directories differ, and once about the list
+    }
     QCOMPARE(Settings::playlistDir(), other->path());
+    QCOMPARE(Settings::musicDir(), other->path());
 }
 
 // The columns are fitted to the first songs; later on the user's widths stay.
