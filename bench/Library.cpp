@@ -11,6 +11,7 @@
 #include <SearchText.h>
 #include <Settings.h>
 #include <SongListFilter.h>
+#include <SongListFilterHandler.h>
 #include <SongListPanel.h>
 #include <SongListTableModel.h>
 #include <SongManager.h>
