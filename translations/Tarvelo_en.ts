@@ -1352,6 +1352,86 @@ Selected: %3</translation>
         <source>Filtern nach %1</source>
         <translation>Filter by %1</translation>
     </message>
+    <message>
+        <source>Filtern nach Titel</source>
+        <translation>Filter by title</translation>
+    </message>
+    <message>
+        <source>Filtern nach Künstler</source>
+        <translation>Filter by artist</translation>
+    </message>
+    <message>
+        <source>Filtern nach Level</source>
+        <translation>Filter by level</translation>
+    </message>
+    <message>
+        <source>Filtern nach BPM</source>
+        <translation>Filter by BPM</translation>
+    </message>
+    <message>
+        <source>Filtern nach Kommentar</source>
+        <translation>Filter by comment</translation>
+    </message>
+    <message>
+        <source>Filtern nach Genre</source>
+        <translation>Filter by genre</translation>
+    </message>
+    <message>
+        <source>Filtern nach Jahr</source>
+        <translation>Filter by year</translation>
+    </message>
+    <message>
+        <source>Filtern nach Choreograf</source>
+        <translation>Filter by choreographer</translation>
+    </message>
+    <message>
+        <source>Filtern nach Dateidatum</source>
+        <translation>Filter by file date</translation>
+    </message>
+    <message>
+        <source>Filtern nach Verzeichnis</source>
+        <translation>Filter by directory</translation>
+    </message>
+    <message>
+        <source>Filtern nach Bewertung</source>
+        <translation>Filter by rating</translation>
+    </message>
+    <message>
+        <source>Filtern nach Angepasst</source>
+        <translation>Filter by adapted by</translation>
+    </message>
+    <message>
+        <source>Filtern nach Eventdatum</source>
+        <translation>Filter by event date</translation>
+    </message>
+    <message>
+        <source>Filtern nach Event Kategorie</source>
+        <translation>Filter by event category</translation>
+    </message>
+    <message>
+        <source>Filtern nach Eventname</source>
+        <translation>Filter by event name</translation>
+    </message>
+    <message>
+        <source>Filtern nach Album</source>
+        <translation>Filter by album</translation>
+    </message>
+    <message>
+        <source>Filtern nach Track-Nr.</source>
+        <translation>Filter by track no.</translation>
+    </message>
+    <message>
+        <source>Filtern nach Positionen</source>
+        <translation>Filter by positions</translation>
+    </message>
+    <message>
+        <source>Filtern nach Dateipfad</source>
+        <translation>Filter by file path</translation>
+    </message>
+    <message>
+        <source>Filtern nach ISWC Nummer</source>
+        <translation>Filter by ISWC number</translation>
+    </message>
 </context>
 <context>
     <name>SongListPanel</name>

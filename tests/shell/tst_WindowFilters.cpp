@@ -45,6 +45,8 @@ private Q_SLOTS:
     void whatResetsTheFilters_data();
     void whatResetsTheFilters();
     void escapeElsewhereKeepsTheFilters();
+    void everyFieldSpeaksTheLanguage_data();
+    void everyFieldSpeaksTheLanguage();
 
 private:
     SongListPanel *left() const { return find<SongListPanel>("framePlaylist"); }
@@ -223,6 +225,32 @@ void TestWindowFilters::escapeElsewhereKeepsTheFilters()
     QTest::keyClick(titles(left()), Qt::Key_Escape);
     QCOMPARE(titles(left())->text(), u"o"_s);
     QVERIFY(windowHasKeys());
+}
+
+void TestWindowFilters::everyFieldSpeaksTheLanguage_data()
+{
+    QTest::addColumn<QString>("beginning");
+    QTest::newRow("de") << u"Filtern nach "_s;
+    QTest::newRow("en") << u"Filter by "_s;
+}
+
+void TestWindowFilters::everyFieldSpeaksTheLanguage()
+{
+    QFETCH(QString, beginning);
+    window->setLanguage(QString::fromLatin1(QTest::currentDataTag()));
+    QTRY_VERIFY(titles(right())->placeholderText().startsWith(beginning));
+    int told = 0;
+    const QList<QLineEdit *> fields
+        = right()->findChildren<QLineEdit *>(u"filterLineEdit"_s, Qt::FindChildrenRecursively);
+    QVERIFY(fields.size() == 28);
+    for (const QLineEdit *field : fields) {
+        if (field->placeholderText().isEmpty())
+            continue;
+        ++told;
+        QVERIFY2(field->placeholderText().startsWith(beginning),
+                 qPrintable(field->placeholderText()));
+    }
+    QCOMPARE(told, 20);
 }
 
 TARVELO_TEST_MAIN(TestWindowFilters, QApplication)
