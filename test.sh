@@ -89,7 +89,7 @@ set -m # in the background with a group of its own, which can be ended as a whol
 in_session -L session -L player --repeat until-pass:2 "$@" </dev/null >"$home/player.log" 2>&1 &
 player=$!
 set +m
-trap 'kill -- "-$player" 2>/dev/null; rm -rf "$home"' EXIT
+trap 'kill -- "-$player" 2>/dev/null || true; rm -rf "$home"' EXIT
 in_session -L session -LE player --repeat until-pass:2 "$@" || code=$?
 wait "$player" || code=$?
 cat "$home/player.log"
