@@ -67,6 +67,7 @@ private Q_SLOTS:
     void droppingFiles();
     void theClipboard();
     void writeProtection();
+    void protectedSongsLeaveTheirFilter();
     void theCache();
 
 private:
@@ -669,6 +670,24 @@ void TestSongFileActions::theClipboard()
     const QList<QUrl> urls = QGuiApplication::clipboard()->mimeData()->urls();
     QCOMPARE(urls, QList<QUrl>{QUrl::fromLocalFile(path(odd))});
     QCOMPARE(urls.at(0).toLocalFile(), path(odd));
+}
+
+void TestSongFileActions::protectedSongsLeaveTheirFilter()
+{
+    if (::geteuid() == 0)
+        QSKIP("Root may write everything.");
+    put(u"abc"_s);
+    right->setPlaylistWidgetsVisible(true);
+    right->model()->setFilterText(u"✓"_s, WritableColumn);
+    right->filter()->applyFilters();
+    const auto *info = right->findChild<QLabel *>(u"labelPlaylistInfoR"_s);
+    QTRY_VERIFY(info->text().startsWith(u"3 "_s));
+    select(*right, u"b"_s);
+    actions->setWriteProtection(*right);
+    QCOMPARE(right->filter()->rowOf(song(u"b"_s)), -1);
+    QTRY_VERIFY2(info->text().startsWith(u"2/3 "_s), qPrintable(info->text()));
+    actions->removeWriteProtection(*right);
+    QVERIFY(right->selection().songs().isEmpty());
 }
 
 void TestSongFileActions::writeProtection()

@@ -282,7 +282,6 @@ void SongFileActions::tellSongsChanged(const QList<SongPtr> &songs)
 {
     for (const SongListPanel *panel : {right, left}) {
         panel->model()->tellSongsChanged(songs);
-        panel->filter()->invalidate();
         panel->filter()->applyFilters();
     }
 }
